@@ -1,0 +1,9 @@
+# Warnings for our own targets; errors only where ZELVOR_WERROR asks for it (the development presets do).
+function(zelvor_warnings target)
+    # log4cpp and libxml++ 2.6 headers name std::auto_ptr and dynamic exception specifications; a hidden overload
+    # of merge() is meant (the three merges take different containers).
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wno-overloaded-virtual)
+    if(ZELVOR_WERROR)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+endfunction()
