@@ -1,0 +1,44 @@
+#include "utils/common_utils/numbers.h"
+
+#include "tests/temporary_directory.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvor {
+namespace {
+
+TEST(Numbers, DoublesAsAClassicStreamReadsThem) {
+    const struct {
+        const char* text;
+        double expected;
+    } rows[] = {{"0.5", 0.5}, {" -2e3x", -2000.0}, {"1,5", 1.0},  {"", 0.0},   {"abc", 0.0},
+                {"nan", 0.0}, {"inf", 0.0},        {"0x10", 0.0}, {".5", 0.5}, {"-", 0.0}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(convert_string_to_double(row.text), row.expected) << row.text;
+        EXPECT_EQ(convert_ustring_to_double(row.text), row.expected) << row.text;
+    }
+}
+
+TEST(Numbers, ListsAreAppendedTo) {
+    std::vector<int> values{7};
+    parse_numbers("3,x,,-2", ",", values);
+    EXPECT_EQ(values, (std::vector<int>{7, 3, 0, -2}));
+    std::set<int> set{1};
+    parse_numbers_set("3;2 3", "; ", set);
+    EXPECT_EQ(set, (std::set<int>{1, 2, 3}));
+}
+
+TEST(Numbers, CountsFromAFile) {
+    const TemporaryDirectory directory;
+    const std::string file = directory.write("counts", "x=y=3\nnone\n k = 4x\nk=1\nk=2\n=5\nlast=6");
+    std::map<std::string, int> counts;
+    read_string_int_hashtable(file, counts);
+    EXPECT_EQ(counts, (std::map<std::string, int>{{"x=y", 3}, {" k ", 4}, {"k", 1}, {"", 5}, {"last", 6}}));
+    read_string_int_hashtable(file + ".missing", counts);
+    increase_hash_value(counts, "k", 2);
+    increase_hash_value(&counts, "new", 5);
+    EXPECT_EQ(counts["k"] + counts["new"], 8);
+}
+
+} // namespace
+} // namespace zelvor

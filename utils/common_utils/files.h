@@ -1,0 +1,20 @@
+#pragma once
+
+#include <fstream>
+#include <string>
+
+namespace zelvor {
+
+/// Calls use(line) for every line of a text file, without its line end ("\n"; a "\r" before it stays). False when the
+/// file cannot be opened; a directory opens and has no lines.
+template<typename Use>
+bool for_each_line(const std::string& filename, Use use) {
+    std::ifstream file(filename);
+    if (!file)
+        return false;
+    for (std::string line; std::getline(file, line);)
+        use(line);
+    return true;
+}
+
+} // namespace zelvor
