@@ -1,0 +1,72 @@
+#include "utils/WordFormContainer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace zelvor {
+namespace {
+
+using Candidates = WordFormContainer::Candidates;
+
+TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
+    const struct {
+        Candidates before;
+        const char* lemma;
+        double score;
+        Candidates after;
+    } rows[] = {
+        {{}, "a", 0.5, {{"a", 0.5}}},
+        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}}},
+        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.2, {{"b", 0.9}, {"a", 0.3}}},
+        {{{"b", 0.9}}, "c", 0.9, {{"b", 0.9}, {"c", 0.9}}},
+        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.95, {{"a", 0.95}, {"b", 0.9}}},
+        {{{"b", 0.9}, {"c", 0.4}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}},
+        // Lists that are out of order are taken as they stand: the first step that applies decides.
+        {{{"b", 0.4}, {"a", 0.6}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}}},
+        {{{"b", 0.4}, {"a", 0.1}, {"a", 0.2}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}, {"a", 0.2}}},
+    };
+    for (const auto& row : rows) {
+        WordFormContainer container;
+        for (const auto& [lemma, score] : row.before)
+            container.add_predicted_lemmas(lemma, score);
+        container.merge_max_predicted_lemmas(row.lemma, row.score);
+        EXPECT_EQ(Candidates(container.begin_predicted_lemmas(), container.end_predicted_lemmas()), row.after);
+    }
+    WordFormContainer container;
+    container.add_predicted_lemmas("a", 0.5);
+    container.merge_max_predicted_lemmas("b", std::nan(""));
+    EXPECT_EQ((container.end_predicted_lemmas() - 1)->first, "b");
+}
+
+TEST(WordFormContainer, AskingForAFeatureEntersIt) {
+    WordFormContainer container("amat");
+    container.store_feature_value("x", "1");
+    container.store_feature_value("x", "2");
+    EXPECT_EQ(container.get_feature_value("x"), "1");
+    EXPECT_EQ(container.get_feature_value("y"), "");
+    container.store_feature_value("y", "3");
+    EXPECT_EQ(container.get_feature_value("y"), "");
+}
+
+TEST(WordFormContainer, CopiesShareWhatIsNotOwned) {
+    WordFormContainer container("a");
+    int embeddings[2] = {1, 2};
+    container.set_word_embeddings(embeddings);
+    container.push_back_referred_lexical_entry(nullptr);
+    container.add_rule("r");
+    const int size = WordFormContainer::get_word_embeddings_size();
+    container.set_word_embeddings_size(2);
+    {
+        WordFormContainer copy(container);
+        EXPECT_EQ(copy.get_word_embeddings(), embeddings);
+        EXPECT_EQ(copy.get_referred_lexical_entries().size(), 1U);
+        EXPECT_EQ(*copy.rule_names_begin(), "r");
+        EXPECT_EQ(WordFormContainer().get_word_embeddings_size(), 2);
+    }
+    EXPECT_EQ(container.get_word_embeddings()[1], 2);
+    WordFormContainer::set_word_embeddings_size(size);
+}
+
+} // namespace
+} // namespace zelvor

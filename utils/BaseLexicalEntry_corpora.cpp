@@ -1,0 +1,135 @@
+#include "utils/BaseLexicalEntry.h"
+
+#include "utils/common_utils/utf8.h"
+
+#include <boost/regex.hpp>
+#include <libxml++/libxml++.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <stdexcept>
+#include <string_view>
+
+namespace zelvor {
+
+namespace {
+
+constexpr const char* SUSANNE_TAGS[][2] = {{"PPH01m", "PRP"}, {"APPGm", "PPOSAT"}, {"NN1c", "NN"}, {"NP1f", "NNP"},
+                                           {"VBR", "AUX"},    {"RR", "RB"},        {"CCr", "CC"},  {"NP1s", "NNP"},
+                                           {"AT1", "DT"},     {"VV0v", "VB"}};
+
+bool is_alphanumeric(char32_t c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+/// A text addressed by code points without decoding all of it for every token: positions are found by walking on from
+/// the last one.
+class CodePoints {
+public:
+    static constexpr char32_t NONE = 0xFFFFFFFF;
+
+    explicit CodePoints(std::string_view text) : m_text(text) {}
+
+    /// The code point at a position; NONE at or beyond the end.
+    char32_t at(std::uint32_t position) {
+        return seek(position) && m_byte < m_text.size() ? decode_character(m_text, m_byte).code_point : NONE;
+    }
+
+    bool contains(std::uint32_t position) { return at(position) != NONE; }
+
+    /// As std::string::substr, in code points: a start beyond the end throws std::out_of_range, a length is cut.
+    std::string substr(std::uint32_t from, std::uint32_t length) {
+        if (!seek(from))
+            throw std::out_of_range("span begins beyond the end of the text");
+        const std::size_t begin = m_byte;
+        for (std::uint32_t i = 0; i < length && step(); ++i) {
+        }
+        return std::string(m_text.substr(begin, m_byte - begin));
+    }
+
+private:
+    bool step() {
+        if (m_byte == m_text.size())
+            return false;
+        m_byte += decode_character(m_text, m_byte).length;
+        ++m_position;
+        return true;
+    }
+
+    /// False when the position lies beyond the end (the end itself can be reached).
+    bool seek(std::uint32_t position) {
+        if (position < m_position) {
+            m_position = 0;
+            m_byte = 0;
+        }
+        while (m_position < position && step()) {
+        }
+        return m_position == position;
+    }
+
+    std::string_view m_text;
+    std::uint32_t m_position = 0;
+    std::size_t m_byte = 0;
+};
+
+/// Moves a span that begins `distance` characters before its word; the end follows where a letter was cut off.
+void move_span(CodePoints& text, std::uint32_t& from, std::uint32_t& to, std::uint32_t distance) {
+    const char32_t first = text.at(from);
+    if (is_alphanumeric(first) || first == '\'' || !text.contains(from + distance))
+        return;
+    if (distance == 2 && is_alphanumeric(text.at(from + 1)))
+        return;
+    if (!is_alphanumeric(text.at(from + distance)))
+        return;
+    from += distance;
+    // Kept: the longer step tests the character after the end, the shorter one the character at it.
+    if (text.contains(to + distance) && is_alphanumeric(text.at(to + distance - 1)))
+        to += distance;
+}
+
+} // namespace
+
+void BaseLexicalEntry::parse_susanne(const std::string& line) {
+    static const boost::regex expression("([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)");
+    boost::smatch fields;
+    if (!boost::regex_match(line, fields, expression)) {
+        std::cout << line << std::endl;
+        std::exit(10);
+    }
+    m_word_form = fields[4];
+    m_lemma = fields[5];
+    const std::string tag = fields[3];
+    m_pos = tag;
+    for (const auto& [susanne_tag, pos] : SUSANNE_TAGS)
+        if (tag == susanne_tag)
+            m_pos = pos;
+}
+
+void BaseLexicalEntry::parse_oanc(xmlpp::Element* pel, const Glib::ustring& text) {
+    if (!pel)
+        return;
+    const std::string start = pel->get_attribute_value("from").raw();
+    const std::string end = pel->get_attribute_value("to").raw();
+    std::cout << "sfrom: " << start << '\n' << "sto: " << end << '\n';
+    for (const xmlpp::Node* node : pel->get_children()) {
+        const auto* const child = dynamic_cast<const xmlpp::Element*>(node);
+        if (!child)
+            continue;
+        const std::string name = child->get_attribute_value("name").raw();
+        if (name == "base")
+            m_lemma = child->get_attribute_value("value").raw();
+        else if (name == "msd")
+            m_pos = child->get_attribute_value("value").raw();
+    }
+    auto from = static_cast<std::uint32_t>(std::atoi(start.c_str()));
+    auto to = static_cast<std::uint32_t>(std::atoi(end.c_str()));
+    CodePoints characters(text.raw());
+    m_word_form = characters.substr(from, to - from);
+    if (m_word_form.starts_with(m_lemma))
+        return;
+    move_span(characters, from, to, 1);
+    move_span(characters, from, to, 2);
+    m_word_form = characters.substr(from, to - from);
+}
+
+} // namespace zelvor
