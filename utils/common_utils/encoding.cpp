@@ -1,0 +1,54 @@
+#include "utils/common_utils/encoding.h"
+
+#include <iconv.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace zelvor {
+
+unsigned char convert_to_unsigned(char c) { return static_cast<unsigned char>(c); }
+
+char convert_to_signed(unsigned char c) { return static_cast<char>(c); }
+
+void convert_latin1_to_utf8(const char* in, char* out) {
+    for (; *in != '\0'; ++in) {
+        const unsigned char byte = convert_to_unsigned(*in);
+        if (byte < 0x80) {
+            *out++ = *in;
+        } else {
+            *out++ = convert_to_signed(byte < 0xC0 ? 0xC2 : 0xC3);
+            *out++ = convert_to_signed(0x80 | (byte & 0x3F));
+        }
+    }
+    *out = '\0';
+}
+
+std::string convert_latin1_to_utf8(const std::string& s) {
+    std::string buffer(2 * s.size() + 1, '\0');
+    convert_latin1_to_utf8(s.c_str(), buffer.data());
+    buffer.resize(std::strlen(buffer.c_str()));
+    return buffer;
+}
+
+std::string convert_encoding(const std::string& s, const std::string& encoding1, const std::string& encoding2) {
+    const iconv_t converter = iconv_open(encoding1.c_str(), encoding2.c_str());
+    if (converter == reinterpret_cast<iconv_t>(-1))
+        return "";
+    std::string input = s;
+    char* in = input.data();
+    std::size_t in_left = input.size();
+    std::string output;
+    char piece[1024];
+    bool is_full;
+    do {
+        char* out = piece;
+        std::size_t out_left = sizeof piece;
+        is_full = iconv(converter, &in, &in_left, &out, &out_left) == static_cast<std::size_t>(-1) && errno == E2BIG;
+        output.append(piece, out);
+    } while (is_full);
+    iconv_close(converter);
+    return output.substr(0, output.find('\0'));
+}
+
+} // namespace zelvor

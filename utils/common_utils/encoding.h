@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+/// Conversion between text encodings. Bad input is never reported: the result ends where the conversion stopped.
+namespace zelvor {
+
+/// The same byte, reinterpreted.
+unsigned char convert_to_unsigned(char c);
+char convert_to_signed(unsigned char c);
+
+/// Writes the NUL-terminated UTF-8 form of the NUL-terminated Latin-1 text `in` to `out`, which the caller provides
+/// with room for at least 2 * length + 1 bytes.
+void convert_latin1_to_utf8(const char* in, char* out);
+
+/// The UTF-8 form of a Latin-1 text, up to its first NUL.
+std::string convert_latin1_to_utf8(const std::string& s);
+
+/// Converts `s` INTO `encoding1` FROM `encoding2` (names that iconv knows). Empty for an unknown encoding. The result
+/// ends at its first zero byte, so UTF-16 and UTF-32 are of no use as a target.
+std::string convert_encoding(const std::string& s, const std::string& encoding1, const std::string& encoding2);
+
+} // namespace zelvor
