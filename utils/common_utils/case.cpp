@@ -66,6 +66,8 @@ Glib::ustring downcase_rest_unicode(const Glib::ustring& s) {
 
 std::string convert_lowercase(std::string s) { return is_valid_utf8(s) ? map_case(s, LOWERCASE) : s; }
 
+std::string convert_uppercase(const std::string& s) { return is_valid_utf8(s) ? map_case(s, UPPERCASE) : s; }
+
 Glib::ustring capitalize_multi_token_expression(const Glib::ustring& str) {
     std::string result;
     for (const std::string_view word : split_tokens(str.raw(), " ")) {

@@ -20,6 +20,7 @@ std::string downcase_first_unicode(const std::string& s);
 Glib::ustring downcase_rest_unicode(const Glib::ustring& s);
 
 std::string convert_lowercase(std::string s);
+std::string convert_uppercase(const std::string& s);
 
 /// Capitalises every blank-separated word. Words are joined by one blank; blanks at the ends disappear. Each word that
 /// is invalid UTF-8 stays as it is.
