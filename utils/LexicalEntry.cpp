@@ -1,0 +1,17 @@
+#include "utils/LexicalEntry_tables.h"
+
+namespace zelvor {
+
+LexicalEntry* LexicalEntry::clone() {
+    auto* const copy = new LexicalEntry();
+    copy->set_pos(m_pos);
+    copy->set_lemma(get_lemma());
+    copy->set_word_form(get_word_form());
+    for (const Tables::Field field : Tables::CLONED)
+        copy->*field = this->*field;
+    return copy;
+}
+
+bool unifiable(const std::string& s1, const std::string& s2) { return s1.empty() || s2.empty() || s1 == s2; }
+
+} // namespace zelvor
