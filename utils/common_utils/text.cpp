@@ -2,6 +2,8 @@
 
 #include "utils/common_utils/utf8.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <iostream>
 #include <iterator>
@@ -78,6 +80,10 @@ bool all_alphanum(Glib::ustring s) {
     return std::ranges::all_of(s.raw(), [](unsigned char byte) { return is_ascii_alphanumeric(byte); });
 }
 
+bool contains_alpha(const Glib::ustring& s) {
+    return std::ranges::any_of(decode_utf8(s.raw()), [](char32_t c) { return g_unichar_isalpha(c); });
+}
+
 int search_string(const std::string& str, const std::string& search_str, int start, int end) {
     const std::size_t length = str.size();
     if (start < 0 || search_str.size() > length)
@@ -91,6 +97,12 @@ int search_string(const std::string& str, const std::string& search_str, int sta
 int search_string_last(const std::string& str, const std::string& search_str) {
     const std::size_t found = str.rfind(search_str);
     return found == std::string::npos ? -1 : static_cast<int>(found);
+}
+
+int find(Glib::ustring s, unsigned int c, unsigned long from, unsigned long to) {
+    const std::u32string text = decode_utf8(s.raw());
+    const std::size_t found = text.find(c, from);
+    return found < to && found != std::u32string::npos ? static_cast<int>(found) : -1;
 }
 
 std::shared_ptr<std::vector<std::string>> tokenize(const std::string& s, const std::string& sep) {

@@ -29,12 +29,18 @@ bool vstarts_with_ustring(const Glib::ustring& str, const Glib::ustring& prefix)
 bool is_number_or_letter(unsigned int c);
 bool all_alphanum(Glib::ustring s);
 
+/// Whether some code point is a letter of any script.
+bool contains_alpha(const Glib::ustring& s);
+
 // --- searching (byte positions; -1: not found) ---
 
 /// First position >= start at which search_str occurs and which lies strictly before end - length(search_str): the
 /// last place where it would still fit is not tried. end = -1 stands for the length of str.
 int search_string(const std::string& str, const std::string& search_str, int start, int end);
 int search_string_last(const std::string& str, const std::string& search_str);
+
+/// The first index k, in code points, with from <= k < to at which c stands.
+int find(Glib::ustring s, unsigned int c, unsigned long from, unsigned long to);
 
 // --- splitting: empty tokens are dropped, every character of sep separates ---
 

@@ -1,0 +1,48 @@
+#include "utils/common_utils/process.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+
+namespace zelvor {
+
+timeval tp;
+long seconds;
+long microseconds;
+
+std::string exec(const std::string& cmd) {
+    FILE* pipe = popen(cmd.c_str(), "r");
+    if (!pipe)
+        return "ERROR " + std::to_string(errno);
+    std::string output;
+    char piece[128];
+    while (std::fgets(piece, sizeof piece, pipe))
+        output += piece;
+    pclose(pipe);
+    return output;
+}
+
+bool equivalent(const std::string& s1, const std::string& s2, const std::string& temp_directory) {
+    const std::string filename1 = temp_directory + "/file1.txt";
+    const std::string filename2 = temp_directory + "/file2.txt";
+    std::ofstream(filename1) << s1 << '\n';
+    std::ofstream(filename2) << s2 << '\n';
+    // diff reports missing files on standard error; only as output do they count as a difference
+    const std::string differences = exec("diff --brief -b -B " + filename1 + " " + filename2 + " 2>&1");
+    std::cout << differences << std::endl;
+    return differences.empty();
+}
+
+void start_time() {
+    gettimeofday(&tp, nullptr);
+    seconds = tp.tv_sec;
+    microseconds = tp.tv_usec;
+}
+
+std::int64_t stop_time() {
+    gettimeofday(&tp, nullptr);
+    return std::int64_t{tp.tv_sec - seconds} * 1'000'000 + (tp.tv_usec - microseconds);
+}
+
+} // namespace zelvor
