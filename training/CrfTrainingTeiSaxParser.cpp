@@ -1,0 +1,148 @@
+#include "training/CrfTrainingTeiSaxParser.h"
+
+#include <log4cpp/Category.hh>
+
+#include <algorithm>
+#include <iostream>
+#include <set>
+
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::string_view PUNCTUATION_TAGS[][2] = {{",", "$,"}, {".", "$."}, {"(", "$("},  {")", "$("},
+                                                    {"[", "$("}, {"]", "$("}, {"\"", "$("}, {"'", "$("}};
+
+/// Drops the character at each end and turns single quotes into the double ones of JSON.
+void unwrap_json(std::string& text) {
+    text.pop_back();
+    text.erase(0, 1);
+    std::ranges::replace(text, '\'', '"');
+}
+
+} // namespace
+
+CrfTrainingTeiSaxParser::CrfTrainingTeiSaxParser(log4cpp::Category* pmain_cat,
+                                                 const std::map<int, LexicalEntry*>* pmap_plex_entry)
+    : m_pmain_cat(pmain_cat), m_pmap_plex_entry(pmap_plex_entry) {}
+
+CrfTrainingTeiSaxParser::~CrfTrainingTeiSaxParser() = default;
+
+void CrfTrainingTeiSaxParser::on_start_document() {
+    m_is_word_node = false;
+    m_vec_pvec_lexical_entry_representation.clear();
+}
+
+void CrfTrainingTeiSaxParser::on_start_element(const Glib::ustring& name, const AttributeList& attributes) {
+    const std::string& element = name.raw();
+    if (element == "w" || element == "c") {
+        m_is_word_node = true;
+        m_chars.clear();
+        m_lemma_json.clear();
+        for (const Attribute& attribute : attributes) {
+            if (attribute.name.raw() == "lemma")
+                m_lemma_json = attribute.value.raw();
+            else if (attribute.name.raw() == "type")
+                m_pos = attribute.value.raw(); // kept: a token without a type has that of the token before it
+        }
+    } else if (element == "s") {
+        m_pvec_plexical_entry_representation = new std::vector<LexicalEntry*>();
+    }
+}
+
+void CrfTrainingTeiSaxParser::on_characters(const Glib::ustring& text) {
+    if (m_is_word_node)
+        m_chars += text.raw();
+}
+
+void CrfTrainingTeiSaxParser::on_end_element(const Glib::ustring& name) {
+    const std::string& element = name.raw();
+    if (element == "w")
+        end_word();
+    else if (element == "c")
+        end_punctuation();
+    else if (element == "s")
+        // The sentence stays the current one: tokens that follow it before the next one begins still belong to it.
+        m_vec_pvec_lexical_entry_representation.push_back(m_pvec_plexical_entry_representation);
+}
+
+void CrfTrainingTeiSaxParser::end_word() {
+    if (m_lemma_json.size() > 1) {
+        unwrap_json(m_lemma_json);
+        const Analysis& analysis = m_analysis_reader.read(m_json_reader, m_lemma_json);
+        if (analysis.outcome == Analysis::Outcome::UNPARSABLE) {
+            std::cerr << "Failed to parse " << m_lemma_json << std::endl;
+            return; // kept: the token state is not reset here, so that text up to the next token is still gathered
+        }
+        if (analysis.outcome == Analysis::Outcome::FOUND) {
+            if (const LexicalEntry* const entry = find_entry(analysis.id)) {
+                const std::string pos = entry->get_pos();
+                add_entry(analysis.lemma, pos == "Noun" ? entry->get_lemma_pos() : pos);
+            }
+        }
+    }
+    reset_token();
+}
+
+void CrfTrainingTeiSaxParser::end_punctuation() {
+    for (const auto& [mark, tag] : PUNCTUATION_TAGS) {
+        if (m_chars == mark) {
+            add_entry(m_chars, std::string(tag));
+            break;
+        }
+    }
+    reset_token();
+}
+
+void CrfTrainingTeiSaxParser::reset_token() {
+    m_is_word_node = false;
+    m_chars.clear();
+}
+
+/// The entry of the lexicon with this word-form id, or null.
+const LexicalEntry* CrfTrainingTeiSaxParser::find_entry(int id) const {
+    if (!m_pmap_plex_entry)
+        return nullptr;
+    const auto found = m_pmap_plex_entry->find(id);
+    return found == m_pmap_plex_entry->end() ? nullptr : found->second;
+}
+
+void CrfTrainingTeiSaxParser::add_entry(const std::string& lemma, const std::string& pos) {
+    if (m_pvec_plexical_entry_representation)
+        m_pvec_plexical_entry_representation->push_back(new LexicalEntry(lemma, m_chars, pos));
+}
+
+void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
+    if (!m_pmain_cat)
+        return;
+    m_pmain_cat->error(std::string("Error occurred during parsing! "));
+    m_pmain_cat->error(text.raw());
+}
+
+void CrfTrainingTeiSaxParser::on_fatal_error(const Glib::ustring& text) {
+    m_fatal_error_occurred = true;
+    if (!m_pmain_cat)
+        return;
+    m_pmain_cat->fatal(std::string("Fatal error occurred during parsing! "));
+    m_pmain_cat->fatal(text.raw());
+}
+
+void CrfTrainingTeiSaxParser::on_entity_declaration(const Glib::ustring&, xmlpp::XmlEntityType, const Glib::ustring&,
+                                                    const Glib::ustring&, const Glib::ustring&) {}
+
+std::vector<std::vector<LexicalEntry*>*>* CrfTrainingTeiSaxParser::get_entry_representations() {
+    return &m_vec_pvec_lexical_entry_representation;
+}
+
+void CrfTrainingTeiSaxParser::clear_lexical_entries() {
+    // The same sentence may stand in the list more than once, and a null one too.
+    for (const auto* sentence : std::set<const std::vector<LexicalEntry*>*>(
+             m_vec_pvec_lexical_entry_representation.begin(), m_vec_pvec_lexical_entry_representation.end()))
+        delete sentence;
+    m_vec_pvec_lexical_entry_representation.clear();
+    m_pvec_plexical_entry_representation = nullptr;
+}
+
+} // namespace zelvor

@@ -1,0 +1,51 @@
+#include "training/analysis.h"
+
+#include <json/json.h>
+
+#include <exception>
+
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader: its rules of what is JSON are wanted
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::size_t MAX_KNOWN_BYTES = 32 * 1024 * 1024;
+
+Analysis extract(const Json::Value& root) {
+    const Json::Value& lemma = root["ls"][0U];
+    const Json::Value& id = lemma["wfs"][0U]["id"];
+    if (id.isNull())
+        return {};
+    return {Analysis::Outcome::FOUND, id.asInt(), lemma["name"].asString()};
+}
+
+Analysis parse(Json::Reader& json_reader, const std::string& json) {
+    Json::Value root;
+    try {
+        if (!json_reader.parse(json, root))
+            return {Analysis::Outcome::UNPARSABLE, 0, ""};
+    } catch (const std::exception&) { // nested too deeply
+        return {Analysis::Outcome::UNPARSABLE, 0, ""};
+    }
+    try {
+        return extract(root);
+    } catch (const std::exception&) { // a member of another type
+        return {Analysis::Outcome::WRONG_SHAPE, 0, ""};
+    }
+}
+
+} // namespace
+
+const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& json) {
+    if (const auto known = m_known.find(json); known != m_known.end())
+        return known->second;
+    if (m_known_bytes > MAX_KNOWN_BYTES) {
+        m_known.clear();
+        m_known_bytes = 0;
+    }
+    m_known_bytes += json.size();
+    return m_known.emplace(json, parse(json_reader, json)).first->second;
+}
+
+} // namespace zelvor

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+
+namespace Json {
+class Reader;
+}
+
+namespace zelvor {
+
+/// What the analysis JSON of a token says: {"ls":[{"name":LEMMA,"wfs":[{"id":ID}, ...]}, ...]}. Only the first lemma
+/// and its first word form count.
+struct Analysis {
+    enum class Outcome {
+        FOUND,
+        ABSENT,      ///< valid JSON without an id: no lemma, no word form, or null
+        UNPARSABLE,  ///< no JSON
+        WRONG_SHAPE, ///< JSON of other types than these
+    };
+
+    Outcome outcome = Outcome::ABSENT;
+    int id = 0;
+    std::string lemma;
+};
+
+/// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded.
+class AnalysisReader {
+public:
+    /// The result is valid until the next call. Never throws on any text.
+    const Analysis& read(Json::Reader& json_reader, const std::string& json);
+
+private:
+    std::unordered_map<std::string, Analysis> m_known;
+    std::size_t m_known_bytes = 0;
+};
+
+} // namespace zelvor
