@@ -1,0 +1,24 @@
+#pragma once
+
+#include <pthread.h>
+
+#include <string>
+
+namespace log4cpp {
+class Category;
+}
+
+namespace zelvor {
+
+/// A category at priority INFO that logs to `log_filename`, a name relative to /var/log/zelvor, and nowhere else.
+/// Prints the path to standard output and truncates the file; where it cannot be opened (its folder must exist),
+/// records are lost. A second call for the same category replaces its file. log4cpp owns the result until the process
+/// ends. Safe to call before main().
+log4cpp::Category* setup_logger(const std::string& log_filename, const std::string& category_name);
+
+/// Logs at INFO where the category is enabled for INFO or for DEBUG: messages of both carry the INFO label. The mutex,
+/// if there is one, is held while the message is written. A null category is silent.
+void lu_lock_info_pthread(std::string message, log4cpp::Category* cat, pthread_mutex_t* mutex);
+void lu_lock_debug_pthread(std::string message, log4cpp::Category* cat, pthread_mutex_t* mutex);
+
+} // namespace zelvor
