@@ -1,0 +1,183 @@
+#include "tools/TaggerFormatConverter.h"
+
+#include "tests/temporary_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace zelvor {
+namespace {
+
+/// A lexicon line with an id, a lemma part of speech and a part of speech.
+std::string lexicon_line(const std::string& id, const std::string& lemma_pos, const std::string& pos) {
+    return "0#s#sp#3#l#src#" + lemma_pos + "#" + id + "#w#9#10#11#12#13#14#15#16#" + pos + "#18#19#20#21\n";
+}
+
+std::string word(const std::string& text, const std::string& id) {
+    return "<w lemma=\"x{'ls':[{'name':'l','wfs':[{'id':" + id + "}]}]}x\">" + text + "</w>";
+}
+
+class Converter : public testing::Test {
+protected:
+    /// Converts what is at `input` and returns standard output.
+    std::string convert(const std::string& input, const std::string& lexicon = "") {
+        testing::internal::CaptureStdout();
+        TaggerFormatConverter().convert_format({input, directory.path("out"), lexicon});
+        return testing::internal::GetCapturedStdout();
+    }
+
+    /// The progress lines of one TEI file around its token lines.
+    std::string report(const std::string& file, const std::string& tokens) const {
+        const std::string path = directory.path(file);
+        return "input filename: " + path + "\ninput filename 2 : " + path + "\ninput filename 3 : " + path + "\n" +
+               tokens;
+    }
+
+    std::string separators() const { return directory.read("out"); }
+
+    TemporaryDirectory directory;
+};
+
+TEST_F(Converter, WritesTokensAndSeparators) {
+    const std::string lexicon =
+        directory.write("lexicon", "// " + lexicon_line("17", "x", "Comment") + lexicon_line("17", "V", "Verb") +
+                                       lexicon_line("17", "V", "Later") + lexicon_line("18", "NN", "Noun") +
+                                       lexicon_line("none", "x", "Zero") + "1#2#3#4#5#6#7#19#only so far\n" + "\n");
+    const std::string file =
+        directory.write("a.xml", "<t><s>" + word("amat", "17") + word("rosa", "18") + word("x", "0") + word("y", "19") +
+                                     word("z", "99") + "<c>,</c><c>;</c></s><s/><s><c>.</c></s></t>");
+    // The short line is stored under its id, without a part of speech.
+    EXPECT_EQ(convert(file, lexicon), report("a.xml", "amat Verb\nrosa NN\nx Zero\ny \n, $,\n. $.\n"));
+    EXPECT_EQ(separators(), "\n\n\n");
+    EXPECT_EQ(convert(file, lexicon + ".missing"), report("a.xml", ", $,\n. $.\n"));
+}
+
+TEST_F(Converter, WalksTreesAndTellsWhatItPassesOver) {
+    const std::string sentence = "<s><c>,</c></s>";
+    directory.write("t/1/2/.x.tei", sentence);
+    EXPECT_EQ(convert(directory.path("t")), report("t/1/2/.x.tei", ", $,\n"));
+    directory.write("u/a.TEI", sentence);
+    EXPECT_EQ(convert(directory.path("u")), "input filename: " + directory.path("u/a.TEI") + "\n");
+    std::filesystem::create_directory_symlink(directory.path("t"), directory.path("link"));
+    EXPECT_EQ(convert(directory.path("link")), "input filename: " + directory.path("link") + "\n");
+}
+
+TEST_F(Converter, FilesThatCannotBeParsedYieldNothingAndTheRestIsConverted) {
+    const std::string good = directory.write("good.xml", "<s><c>.</c></s>");
+    directory.write("d/inside.txt", "");
+    std::filesystem::create_directory_symlink(directory.path("d"), directory.path("dir-link.xml"));
+    std::filesystem::create_symlink(directory.path("nowhere"), directory.path("dangling.xml"));
+    std::filesystem::create_symlink(good, directory.path("good-link.xml"));
+    ASSERT_EQ(mkfifo(directory.path("pipe.xml").c_str(), 0600), 0);
+    directory.write("empty.xml", "");
+    directory.write("blank.xml", " \n");
+    directory.write("truncated.xml", "<t><s><c>,</c></s><s><c>.</c>");
+    directory.write("encoding.xml", "<?xml version='1.0' encoding='no-such'?><s><c>,</c></s>");
+    directory.write("utf8.xml", "<t><s><c>,</c></s><s>\xFF<c>.</c></s></t>");
+    directory.write("latin1.xml", "<?xml version='1.0' encoding='ISO-8859-1'?><s><c>,</c>\xE4</s>");
+    const std::map<std::string, std::string> tokens{
+        {"truncated.xml", ", $,\n"}, {"utf8.xml", ", $,\n"}, {"latin1.xml", ", $,\n"}, {"good-link.xml", ". $.\n"}};
+    for (const char* const name : {"missing.xml", "dir-link.xml", "dangling.xml", "pipe.xml", "empty.xml", "blank.xml",
+                                   "truncated.xml", "encoding.xml", "utf8.xml", "latin1.xml", "good-link.xml"}) {
+        SCOPED_TRACE(name);
+        const auto expected = tokens.find(name);
+        EXPECT_EQ(convert(directory.path(name)), report(name, expected == tokens.end() ? "" : expected->second));
+        EXPECT_EQ(separators(), expected == tokens.end() ? "" : "\n");
+    }
+    // In one run, no faulty file repeats the sentences of the one before it.
+    std::filesystem::remove(directory.path("out"));
+    const std::string all = convert(directory.path());
+    EXPECT_EQ(separators(), "\n\n\n\n\n") << all;
+    if (geteuid() != 0) {
+        std::filesystem::permissions(directory.path("d"), std::filesystem::perms::none);
+        EXPECT_EQ(convert(directory.path("d")), "Error(13) opening " + directory.path("d") + "\n");
+        std::filesystem::permissions(directory.path("d"), std::filesystem::perms::owner_all);
+    }
+}
+
+TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
+    directory.write("corpus/parts/in side.ent", "<c>,</c>");
+    directory.write("corpus/parts/in.ent", "<c>,</c>");
+    directory.write("secret.ent", "<c>(</c>");
+    ASSERT_EQ(mkfifo(directory.path("corpus/pipe.ent").c_str(), 0600), 0);
+    std::filesystem::create_symlink(directory.path("secret.ent"), directory.path("corpus/link.ent"));
+    const struct {
+        std::string address, tokens;
+    } rows[] = {{"parts/in.ent", ", $,\n"},
+                {"parts/in%20side.ent", ", $,\n"},
+                {directory.path("corpus/parts/in.ent"), ", $,\n"},
+                {"file://" + directory.path("corpus/parts/in.ent"), ", $,\n"},
+                {"../secret.ent", ""},
+                {"link.ent", ""},
+                {directory.path("secret.ent"), ""},
+                {"pipe.ent", ""},
+                {"/dev/zero", ""},
+                {"http://127.0.0.1:9/x.ent", ""},
+                {"missing.ent", ""},
+                {"parts", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.address);
+        const std::string file = directory.write("corpus/a.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM \"" + row.address +
+                                                                     "\"><!ENTITY i 'x'>]><s>&e;<c>.</c></s>");
+        EXPECT_EQ(convert(file), report("corpus/a.xml", row.tokens + ". $.\n"));
+    }
+}
+
+/// Runs the installed program as a shell would; standard output, then the exit status.
+std::pair<std::string, int> run_tool(const std::string& arguments) {
+    FILE* const pipe = popen((std::string("'") + ZELVOR_TOOL + "' " + arguments).c_str(), "r");
+    std::string output;
+    std::array<char, 4096> buffer{};
+    for (std::size_t read; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+        output.append(buffer.data(), read);
+    return {output, WEXITSTATUS(pclose(pipe))};
+}
+
+TEST_F(Converter, CommandLine) {
+    const std::string log = "log path: /var/log/zelvor/logs/tagger_format_converter.log\n";
+    const std::string usage = "./TaggerFormatConverter [-v <int>] [-h] -i <string> -o <string>\n"
+                              "-i (--input_filename) input filename\n"
+                              "-o (--output_filename) output filename\n"
+                              "-v (--verbose) verbose output\n"
+                              "Description: converts the tagger format of the training data\n";
+    const std::string no_input = "Option input_filename is missing!\n",
+                      no_output = "Option output_filename is missing!\n";
+    const std::string file = directory.write("a.txt", ""), out = directory.path("out"),
+                      line = "input filename: " + file + "\n";
+    const struct {
+        std::string arguments, output;
+        int status;
+    } rows[] = {
+        {"-h", log + usage, 0},
+        {"--verbose 3 -i x -o y --help -z", log + usage, 0},
+        {"2>&1", log + no_input, 10},
+        {"-i '' -o x 2>&1", log + no_input, 10},
+        {"-i " + file + " 2>&1", log + no_output, 10},
+        {"-i " + file + " -o " + out + " 2>&1", log + line, 0},
+        {"--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, log + line, 0},
+        {"-v 3 -i " + file + " -o " + out + " 2>/dev/null", log + line, 0}, // a complaint of getopt, then the run
+        {"-i " + file + " -o /no/such/folder/out 2>&1", log + line, 0},
+        {"--verbose -i " + file + " -o " + out + " 2>&1", log + no_input, 10}, // the option takes "-i" as its value
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(run_tool(row.arguments), std::pair(row.output, row.status)) << row.arguments;
+}
+
+TEST_F(Converter, BothStreamsMeetInOrderInAPipe) {
+    const std::string file = directory.write("a.xml", "<t><s><c>,</c></s><s><c>.</c></s></t>");
+    const std::string output = run_tool("-i " + file + " -o /dev/stdout | cat").first;
+    EXPECT_NE(output.find("input filename 3 : " + file + "\n, $,\n\n. $.\n\n"), output.npos) << output;
+    EXPECT_EQ(run_tool("-i " + file + " -o /dev/full").second, 0);
+}
+
+} // namespace
+} // namespace zelvor

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+namespace log4cpp {
+class Category;
+}
+
+namespace zelvor {
+
+class CrfTrainingTeiSaxParser;
+
+struct TaggerFormatConverterParams {
+    std::string input_directory;  ///< a TEI file, or a folder of them at any depth
+    std::string output_filename;  ///< receives the sentence separators
+    std::string lexicon_filename; ///< 31-field lines; empty or missing: an empty lexicon
+};
+
+/// Converts TEI training texts: one line "WORD_FORM POS" per token on standard output, one empty line per sentence in
+/// the output file. Both streams are in step: a sentence's token lines are written before its separator.
+class TaggerFormatConverter {
+public:
+    TaggerFormatConverter();
+    virtual ~TaggerFormatConverter();
+
+    /// Runs one conversion. Reports what cannot be read on standard output or in the log, and goes on; throws nothing.
+    /// The entries of the lexicon and of the tokens stay allocated.
+    void convert_format(const TaggerFormatConverterParams& params);
+
+    /// Converts one file, or the files below a folder in the order of the system. Links to folders are not followed.
+    void create_model_data_file(std::string path, std::ostream& out, CrfTrainingTeiSaxParser& parser);
+
+    static log4cpp::Category& m_main_cat;
+};
+
+} // namespace zelvor
