@@ -1,0 +1,43 @@
+# The short commands; CMake, CTest and scripts/ do the work.
+#   make run [INPUT=path OUTPUT=file [LEXICON=file]]
+#   make install [PREFIX=/usr/local] [DESTDIR=]
+.PHONY: help setup build run check lint bench install clean
+export INPUT OUTPUT LEXICON
+
+help:
+	@echo "make run      install what is missing, build, convert examples/corpus (or INPUT=path OUTPUT=file)"
+	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
+	@echo "make lint     clang-format and clang-tidy over all sources"
+	@echo "make bench    time the converter beside its yardsticks"
+	@echo "make install  build and install the library, its headers and the tool (PREFIX=/usr/local)"
+	@echo "make clean    remove build/"
+
+setup:
+	@scripts/setup.sh
+
+build: setup
+	@cmake --preset release
+	@cmake --build --preset release
+
+run: build
+	@scripts/run.sh
+
+check: build
+	ctest --preset release
+	cmake --preset sanitize
+	cmake --build --preset sanitize
+	ctest --preset sanitize
+
+lint: setup
+	@cmake --preset release
+	@scripts/lint.sh
+
+bench: build
+	@scripts/setup.sh packages-bench.txt
+	@bench/converter.sh
+
+install: build
+	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")
+
+clean:
+	rm -rf build
