@@ -32,11 +32,19 @@ TEST(Text, SearchNeverTriesTheLastFittingPlace) {
         const char *text, *pattern;
         int start, end, expected;
     } rows[] = {
-        {"abc", "c", 0, -1, -1},  {"abcd", "c", 0, -1, 2},  {"abcd", "b", 2, -1, -1}, {"abcd", "c", 0, 3, -1},
-        {"abcd", "c", 0, 9, 2},   {"ab", "abc", 0, -1, -1}, {"xxabc", "ab", 0, 1, 2}, // an end before the pattern's
-                                                                                      // length wraps round
+        {"abc", "c", 0, -1, -1},
+        {"abcd", "c", 0, -1, 2},
+        {"abcd", "b", 2, -1, -1},
+        {"abcd", "c", 0, 3, -1},
+        {"abcd", "c", 0, 9, 2},
+        {"ab", "abc", 0, -1, -1},
+        {"xxabc", "ab", 0, 1, 2}, // an end before the pattern's
+                                  // length wraps round
         {"xxabc", "bc", 0, 1, 3}, // ... and still reads nothing beyond the text
-        {"abc", "x", 0, 0, -1},   {"abc", "a", -1, -1, -1}, {"abc", "a", 7, -1, -1},  {"", "", 0, -1, -1},
+        {"abc", "x", 0, 0, -1},
+        {"abc", "a", -1, -1, -1},
+        {"abc", "a", 7, -1, -1},
+        {"", "", 0, -1, -1},
         {"a", "", 0, -1, 0},
     };
     for (const auto& row : rows)
