@@ -13,18 +13,17 @@ output=${OUTPUT:-build/run/separators.txt}
 [ -e "$input" ] || { echo "run: no such file or directory: $input" >&2; exit 1; }
 mkdir -p build/run
 
-# show TITLE CAPTURED_OUTPUT LINES
-show() {
-    local tokens
-    tokens=$(grep -Ev '^(log path: |input filename( 2 | 3 )?: |Error\()' "$2") || true
-    printf '%s: %s token lines in %s, the first of them:\n' "$1" "$(printf '%s' "$tokens" | grep -c '')" "$2"
-    printf '%s\n' "$tokens" | sed "s/^/    /;$3q"
+progress='^(log path: |input filename( 2 | 3 )?: |Error\()'
+
+show() { # CAPTURED_OUTPUT LINES
+    printf 'standard output: %s token lines in %s, the first of them:\n' "$(grep -Evc "$progress" "$1")" "$1"
+    grep -Ev -m "$2" "$progress" "$1" | sed 's/^/    /'
 }
 
 printf '%s\n' "TaggerFormatConverter -i $input -o $output"
 build/release/tools/TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt
 [ ! -f "$output" ] || printf 'sentence separators: %s empty lines in %s, one a sentence\n' "$(wc -l <"$output")" "$output"
-show "standard output" build/run/output.txt 6
+show build/run/output.txt 6
 
 if [ -z "${LEXICON:-}" ]; then
     echo "Only punctuation is tagged, since no option names a lexicon; LEXICON=file tags the words as well."
@@ -36,4 +35,4 @@ That is punctuation only: no option names a lexicon, and a word takes its tag fr
 library names one, see examples/convert_with_lexicon.cpp. The same corpus with $LEXICON:
 END
 build/release/examples/convert_with_lexicon "$input" "$LEXICON" build/run/separators_with_lexicon.txt >build/run/output_with_lexicon.txt
-show "standard output" build/run/output_with_lexicon.txt 20
+show build/run/output_with_lexicon.txt 20
