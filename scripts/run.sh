@@ -17,7 +17,7 @@ progress='^(log path: |input filename( 2 | 3 )?: |Error\()'
 
 show() { # CAPTURED_OUTPUT LINES
     printf 'standard output: %s token lines in %s, the first of them:\n' "$(grep -Evc "$progress" "$1")" "$1"
-    grep -Ev -m "$2" "$progress" "$1" | sed 's/^/    /'
+    grep -Ev -m "$2" "$progress" "$1" | sed 's/^/    /' || true
 }
 
 printf '%s\n' "TaggerFormatConverter -i $input -o $output"
