@@ -15,15 +15,19 @@ mkdir -p build/run
 
 progress='^(log path: |input filename( 2 | 3 )?: |Error\()'
 
-show() { # CAPTURED_OUTPUT LINES
-    printf 'standard output: %s token lines in %s, the first of them:\n' "$(grep -Evc "$progress" "$1")" "$1"
-    grep -Ev -m "$2" "$progress" "$1" | sed 's/^/    /' || true
+tokens() { # its input without the progress lines
+    grep -Ev "$progress" || true
+}
+
+show() { # TITLE FILE LINES
+    printf '%s: %s token lines in %s, which begin\n' "$1" "$(tokens <"$2" | grep -c .)" "$2"
+    tokens <"$2" | awk -v last="$3" 'NR <= last { print "    " $0 }' # reads to the end: no broken pipe
 }
 
 printf '%s\n' "TaggerFormatConverter -i $input -o $output"
 build/release/tools/TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt
 [ ! -f "$output" ] || printf 'sentence separators: %s empty lines in %s, one a sentence\n' "$(wc -l <"$output")" "$output"
-show build/run/output.txt 6
+show "standard output" build/run/output.txt 6
 
 if [ -z "${LEXICON:-}" ]; then
     echo "Only punctuation is tagged, since no option names a lexicon; LEXICON=file tags the words as well."
@@ -32,7 +36,7 @@ fi
 cat <<END
 
 That is punctuation only: no option names a lexicon, and a word takes its tag from there. A program that calls the
-library names one, see examples/convert_with_lexicon.cpp. The same corpus with $LEXICON:
+library names one, see examples/convert_with_lexicon.cpp. The same corpus with $LEXICON, and both streams in one:
 END
-build/release/examples/convert_with_lexicon "$input" "$LEXICON" build/run/separators_with_lexicon.txt >build/run/output_with_lexicon.txt
-show build/run/output_with_lexicon.txt 20
+build/release/examples/convert_with_lexicon "$input" "$LEXICON" /dev/stdout | tokens >build/run/training_data.txt
+show "training data" build/run/training_data.txt 28
