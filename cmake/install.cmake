@@ -1,0 +1,9 @@
+# cmake --install: the tool, the libraries, and the headers below include/zelvor/.
+install(TARGETS zelvor zelvor_converter TaggerFormatConverter
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY tools training utils
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor
+    FILES_MATCHING PATTERN "*.h")
+install(FILES README.md CHANGELOG.md docs/formats.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
