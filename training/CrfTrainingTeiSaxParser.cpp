@@ -19,7 +19,7 @@ constexpr std::string_view PUNCTUATION_TAGS[][2] = {{",", "$,"}, {".", "$."}, {"
 void unwrap_json(std::string& text) {
     text.pop_back();
     text.erase(0, 1);
-    std::ranges::replace(text, '\'', '"');
+    std::ranges::transform(text, text.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
 }
 
 } // namespace

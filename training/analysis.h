@@ -28,6 +28,8 @@ struct Analysis {
 /// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded.
 class AnalysisReader {
 public:
+    AnalysisReader() { m_known.max_load_factor(0.25F); } // the look-up is most of the cost, and most look-ups succeed
+
     /// The result is valid until the next call. Never throws on any text.
     const Analysis& read(Json::Reader& json_reader, const std::string& json);
 

@@ -2,6 +2,7 @@
 
 #include "utils/EnglishLexicalEntry.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <map>
 #include <string>
@@ -47,6 +48,12 @@ public:
     LexicalEntry(const LexicalEntry&) = default;
     LexicalEntry& operator=(const LexicalEntry&) = default;
     ~LexicalEntry() override = default;
+
+    // Entries are made by the hundred thousand: new and delete take their memory from a pool (ObjectPool).
+    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t, void* pplace) noexcept { return pplace; }
+    static void operator delete(void* pentry, std::size_t size) noexcept;
+    static void operator delete(void*, void*) noexcept {}
 
     // A paradigm row applied to a lemma. The row is read and not kept; a null row gives an empty entry. The
     // superlemma becomes lemma + "@" + part of speech. Without stems, a suffix "-at" reads back as the lemma and "at".
