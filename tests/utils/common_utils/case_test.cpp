@@ -3,65 +3,42 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <string>
 
 using namespace std::string_literals;
 
 namespace zelvor {
-namespace {
 
 TEST(Case, MapsTheFirstTheRestAndTheWhole) {
     const struct {
         std::string text, capitalized, downcased, rest_downcased, lowercase;
     } rows[] = {
         {"", "", "", "", ""},
-        {"ABC", "ABC", "aBC", "Abc", "abc"},
-        {"élan ÉTÉ", "Élan ÉTÉ", "élan ÉTÉ", "élan été", "élan été"},
-        {"ÄÖ", "ÄÖ", "äÖ", "Äö", "äö"},
-        {"ßx", "SSx", "ßx", "ßx", "ßx"}, // one character becomes two
-        {"ﬁN", "FIN", "ﬁN", "ﬁn", "ﬁn"},
-        {"ὁ ΛΌΓΟΣ", "Ὁ ΛΌΓΟΣ", "ὁ ΛΌΓΟΣ", "ὁ λόγος", "ὁ λόγος"},      // final sigma
-        {"a\0BC\0"s, "A\0BC\0"s, "a\0BC\0"s, "a\0bc\0"s, "a\0bc\0"s}, // nothing after a NUL is lost
-        {"A\xFF B", "A\xFF B", "A\xFF B", "A\xFF B", "A\xFF B"},      // invalid: unchanged
-        {"Ab\xC3", "Ab\xC3", "Ab\xC3", "Ab\xC3", "Ab\xC3"},
+        {"ÉLAN ÉTÉ", "ÉLAN ÉTÉ", "éLAN ÉTÉ", "Élan été", "élan été"},
+        {"ßx", "SSx", "ßx", "ßx", "ßx"},                                                  // one character becomes two
+        {"ὁ ΛΌΓΟΣ", "Ὁ ΛΌΓΟΣ", "ὁ ΛΌΓΟΣ", "ὁ λόγος", "ὁ λόγος"},                          // final sigma
+        {"a\0BC"s, "A\0BC"s, "a\0BC"s, "a\0bc"s, "a\0bc"s},                               // nothing after a NUL is lost
+        {"A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3"}, // invalid: unchanged
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
         EXPECT_EQ(capitalize_first_unicode(row.text), row.capitalized);
-        EXPECT_EQ(capitalize_first_unicode_glib(row.text).raw(), row.capitalized);
-        EXPECT_EQ(downcase_first_unicode(row.text), row.downcased);
         EXPECT_EQ(downcase_first_unicode_glib(row.text).raw(), row.downcased);
         EXPECT_EQ(downcase_rest_unicode(row.text).raw(), row.rest_downcased);
         EXPECT_EQ(convert_lowercase(row.text), row.lowercase);
     }
-}
-
-TEST(Case, CapitalizesEveryWordOfAnExpression) {
-    EXPECT_EQ(capitalize_multi_token_expression("new  york").raw(), "New York");
-    EXPECT_EQ(capitalize_multi_token_expression("  île de la\tcité ").raw(), "Île De La\tcité");
-    EXPECT_EQ(capitalize_multi_token_expression("a\xFF east").raw(), "a\xFF East");
-    EXPECT_EQ(capitalize_multi_token_expression("  ").raw(), "");
-}
-
-bool is_in_table(int capital) {
-    const std::string gaps = "\xC7\xD0\xD1\xD7\xD8\xDD\xDE\xDF";
-    return capital >= 0xC0 && capital <= 0xDF && gaps.find(static_cast<char>(capital)) == std::string::npos;
+    EXPECT_EQ(capitalize_multi_token_expression("  île  de\tla a\xFF cité ").raw(), "Île De\tla a\xFF Cité");
 }
 
 TEST(Case, Latin1TableHoldsInAnyLocaleAndItsGapsFollowTheLibrary) {
-    for (int byte = 0; byte < 256; ++byte) {
-        SCOPED_TRACE(byte);
-        const auto c = static_cast<char>(byte);
-        const auto sign_extended = static_cast<signed char>(byte);
-        EXPECT_EQ(capitalize_char_latin1(c),
-                  static_cast<char>(is_in_table(byte - 32) ? byte - 32 : std::toupper(sign_extended)));
-        EXPECT_EQ(downcase_char_latin1(c),
-                  static_cast<char>(is_in_table(byte) ? byte + 32 : std::tolower(sign_extended)));
+    const std::string small = "az\xE0\xE6\xE8\xEF\xF2\xF6\xF9\xFC", capital = "AZ\xC0\xC6\xC8\xCF\xD2\xD6\xD9\xDC";
+    for (std::size_t i = 0; i < small.size(); ++i) {
+        EXPECT_EQ(capitalize_char_latin1(small[i]), capital[i]);
+        EXPECT_EQ(downcase_char_latin1(capital[i]), small[i]);
     }
-    EXPECT_EQ(capitalize_first_latin1("\xE4h\xE4"), "\xC4h\xE4");
-    EXPECT_EQ(capitalize_first_latin1("ab"), "Ab");
-    EXPECT_EQ(capitalize_first_latin1(""), "");
+    for (const char gap : "1\x7F\x80\xE7\xF0\xF1\xF7\xF8\xFD\xFE\xFF\xC7\xD0\xD1\xD7\xD8\xDD\xDE\xDF"s) {
+        EXPECT_EQ(capitalize_char_latin1(gap), static_cast<char>(std::toupper(static_cast<signed char>(gap))));
+        EXPECT_EQ(downcase_char_latin1(gap), static_cast<char>(std::tolower(static_cast<signed char>(gap))));
+    }
+    EXPECT_EQ(capitalize_first_latin1("\xE4h\xE4") + capitalize_first_latin1(""), "\xC4h\xE4");
 }
 
-} // namespace
 } // namespace zelvor

@@ -2,34 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <tuple>
 
 namespace zelvor {
-namespace {
 
 TEST(Distance, PlainAndWithExchanges) {
-    const struct {
-        std::string s1, s2;
-        int plain, with_exchanges;
-    } rows[] = {
-        {"", "", 0, 0},
-        {"", "abc", 3, 3},
-        {"abc", "abc", 0, 0},
-        {"kitten", "sitting", 3, 3},
-        {"λόγος", "λόγοι", 1, 1},   // code points, not bytes
-        {"ab\xFF", "ab\xC3", 0, 0}, // bad bytes are one character, U+FFFD
-        {"ab", "ba", 2, 1},
-        {"abcd", "abdc", 2, 1},
-        {"xyzab", "yzba", 3, 3}, // off the diagonal no neighbours are exchanged,
-        {"apbqp", "aqcp", 3, 2}, // but crossed positions may be
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.s1 + " " + row.s2);
-        EXPECT_EQ(levenshtein_distance(row.s1, row.s2, false), row.plain);
-        EXPECT_EQ(levenshtein_distance(row.s2, row.s1, false), row.plain);
-        EXPECT_EQ(levenshtein_distance(row.s1, row.s2, true), row.with_exchanges);
+    using Row = std::tuple<Glib::ustring, Glib::ustring, int, int>;
+    // Bad bytes are one character, U+FFFD. Off the diagonal neighbours are not exchanged ("xyzab"), but crossed
+    // positions may be ("apbqp").
+    for (const auto& [s1, s2, plain, with_exchanges] :
+         {Row("", "abc", 3, 3), Row("abc", "abc", 0, 0), Row("kitten", "sitting", 3, 3), Row("λόγος", "λόγοι", 1, 1),
+          Row("ab\xFF", "ab\xC3", 0, 0), Row("ab", "ba", 2, 1), Row("abcd", "abdc", 2, 1), Row("xyzab", "yzba", 3, 3),
+          Row("apbqp", "aqcp", 3, 2)}) {
+        EXPECT_EQ(levenshtein_distance(s1, s2, false), plain) << s1.raw();
+        EXPECT_EQ(levenshtein_distance(s2, s1, false), plain) << s1.raw();
+        EXPECT_EQ(levenshtein_distance(s1, s2, true), with_exchanges) << s1.raw();
     }
 }
 
-} // namespace
 } // namespace zelvor

@@ -4,22 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
-
 namespace zelvor {
-namespace {
 
 TEST(Process, ExecReturnsStandardOutput) {
     EXPECT_EQ(exec("printf 'a\\n\\nb'; exit 3"), "a\n\nb");
     EXPECT_EQ(exec("seq 10000 | tr -d '\\n'").size(), 9 + 180 + 2700 + 36000 + 5u);
     EXPECT_EQ(exec("printf 'ab\\0cd\\nef'"), "abef"); // the rest of a line is lost after a NUL
-    rlimit files;
-    getrlimit(RLIMIT_NOFILE, &files);
-    const rlimit none{0, files.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
-    const std::string output = exec("echo");
-    setrlimit(RLIMIT_NOFILE, &files);
-    EXPECT_EQ(output, "ERROR 24"); // too many open files
 }
 
 TEST(Process, EquivalentIgnoresAmountsOfWhiteSpace) {
@@ -38,10 +28,7 @@ TEST(Process, StopwatchCountsMicroseconds) {
     start_time();
     seconds -= 2;
     microseconds += 500'000; // as if started one second and a half ago
-    const std::int64_t elapsed = stop_time();
-    EXPECT_GE(elapsed, 1'500'000);
-    EXPECT_LT(elapsed, 60'000'000);
+    EXPECT_NEAR(static_cast<double>(stop_time()), 1.5e6, 1.4e6);
 }
 
-} // namespace
 } // namespace zelvor

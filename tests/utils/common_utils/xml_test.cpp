@@ -4,29 +4,16 @@
 
 #include <libxml++/libxml++.h>
 
-#include <string>
-
 namespace zelvor {
-namespace {
 
 TEST(Xml, EscapesAndLeavesSomeEntitiesAlone) {
-    const std::pair<std::string, std::string> rows[] = {{"plain é", "plain é"},
-                                                        {"<a b=\"c'\">", "&lt;a b=&quot;c&apos;&quot;&gt;"},
-                                                        {"&amp; &38; &7up;", "&amp; &38; &7up;"},
-                                                        {"&lt;", "&amplt;"},
-                                                        {"&#38;", "&amp#38;"},
-                                                        {"&;", "&amp;"},
-                                                        {"& amp;", "&amp; amp;"},
-                                                        {"&0;", "&amp0;"},
-                                                        {"&12345678;", "&12345678;"},
-                                                        {"&123456789;", "&amp;123456789;"},
-                                                        {"&1éééé€€€;", "&1éééé€€€;"}, // the span counts code points
-                                                        {"AT&T", "AT&amp;T"},
-                                                        {"&", "&amp;"},
-                                                        {"&&amp;", "&amp&amp;"},
-                                                        {"<\xC3", "&lt;\xC3"},
-                                                        {"&\xE2;", "&amp\xE2;"}};
-    for (const auto& [text, escaped] : rows)
+    using Row = std::pair<std::string, std::string>;
+    for (const auto& [text, escaped] :
+         {Row("plain é\xC3", "plain é\xC3"), Row("<a b=\"c'\">\xC3", "&lt;a b=&quot;c&apos;&quot;&gt;\xC3"),
+          Row("&amp; &38; &7up;", "&amp; &38; &7up;"), Row("&lt; &#38; &0;", "&amplt; &amp#38; &amp0;"),
+          Row("&; & amp; &amp ;", "&amp; &amp; amp; &amp;amp ;"),
+          Row("&12345678; &123456789;", "&12345678; &amp;123456789;"), Row("&1éééé€€€; &\xE2;", "&1éééé€€€; &amp\xE2;"),
+          Row("&&amp;", "&amp&amp;"), Row("AT&T &", "AT&amp;T &amp;")})
         EXPECT_EQ(xml_escape(text).raw(), escaped) << text;
 }
 
@@ -37,5 +24,4 @@ TEST(Xml, TextOfDirectChildrenOnly) {
     EXPECT_EQ(get_text_node_contents(nullptr), "");
 }
 
-} // namespace
 } // namespace zelvor
