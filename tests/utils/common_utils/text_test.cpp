@@ -155,5 +155,14 @@ TEST(Text, ConvertsToText) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "a b \n");
 }
 
+TEST(Text, FindsCodePointsAndLetters) {
+    EXPECT_EQ(find("aéb;", ';', 0, 4), 3);
+    EXPECT_EQ(find("aéb;", ';', 0, 3), -1);
+    EXPECT_EQ(find("a;", 'a', 1, 9), -1);
+    EXPECT_EQ(find("a;", ';', 3, 9), -1);
+    EXPECT_TRUE(contains_alpha("1λ"));
+    EXPECT_FALSE(contains_alpha("1-2\xFF"));
+}
+
 } // namespace
 } // namespace zelvor
