@@ -15,7 +15,7 @@ SCRIPT = [sys.executable, "bench/convert.py"]
 
 
 def run(command, output):
-    """Seconds and peak memory in bytes."""
+    """Seconds on the clock, in the program and in the kernel, and peak memory in bytes."""
     file = os.open(output, os.O_WRONLY | os.O_CREAT | os.O_TRUNC)
     begin = time.perf_counter()
     child = os.posix_spawnp(command[0], command, os.environ, file_actions=[(os.POSIX_SPAWN_DUP2, file, 1)])
@@ -24,7 +24,7 @@ def run(command, output):
     os.close(file)
     if status != 0:
         sys.exit("failed: " + " ".join(command[:6]))
-    return seconds, usage.ru_maxrss * 1024
+    return seconds, usage.ru_utime, usage.ru_stime, usage.ru_maxrss * 1024
 
 
 def measure(commands, folder, rounds):
@@ -64,19 +64,20 @@ def main():
     tokens = sum(open(path, encoding="utf-8").read().count(f"</{name}>") for path in documents for name in "wc")
     entries = sum(not line.startswith("//") for line in open(large, encoding="utf-8"))
     print(f"{tokens} tokens in {len(documents)} files, {size:.0f} MB; large lexicon: {entries} entries; medians of {rounds}\n")
-    print(f"{'':<32} {'seconds':>8} {'of script':>10} {'of parse':>9} {'peak MB':>8}")
-    for name, (seconds, memory) in results.items():
-        print(f"{name:<32} {seconds:8.3f} {seconds / results[script][0]:10.2f} {seconds / results[parse][0]:9.2f} {memory / 1e6:8.0f}")
+    print(f"{'':<32} {'seconds':>8} {'user':>6} {'system':>6} {'of script':>10} {'of parse':>9} {'peak MB':>8}")
+    for name, (seconds, user, system, memory) in results.items():
+        print(f"{name:<32} {seconds:8.3f} {user:6.2f} {system:6.2f} {seconds / results[script][0]:10.2f} "
+              f"{seconds / results[parse][0]:9.2f} {memory / 1e6:8.0f}")
 
     print()
     verdict(results, tool, script, 0.25, "the tool, as a part of the script's time")
     verdict(results, tool, parse, 4, "the tool, as a multiple of parsing alone")
     verdict(results, library, script, 0.5, "with the lexicon, as a part of the script's time")
     verdict(results, load, script_load, 1 / 3, "loading the large lexicon, as a part of the script's time")
-    print(f"\nmemory: {(results[library][1] - results[small][1]) / tokens:.0f} bytes a token with the lexicon, "
-          f"{(results[tool][1] - results[tool_start][1]) / tokens:.0f} without; "
-          f"{(results[load][1] - results[tool_start][1]) / entries:.0f} bytes a lexicon entry "
-          f"(script: {(results[script_load][1] - results[script_start][1]) / entries:.0f})")
+    print(f"\nmemory: {(results[library][3] - results[small][3]) / tokens:.0f} bytes a token with the lexicon, "
+          f"{(results[tool][3] - results[tool_start][3]) / tokens:.0f} without; "
+          f"{(results[load][3] - results[tool_start][3]) / entries:.0f} bytes a lexicon entry "
+          f"(script: {(results[script_load][3] - results[script_start][3]) / entries:.0f})")
 
 
 main()
