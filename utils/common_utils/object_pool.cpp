@@ -9,7 +9,7 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::size_t FIRST_BLOCK = 64 * 1024, LARGEST_BLOCK = 32 * 1024 * 1024, HUGE_PAGE = 2 * 1024 * 1024;
+constexpr std::size_t FIRST_BLOCK = 64 * 1024, LARGEST_BLOCK = 2 * 1024 * 1024;
 
 } // namespace
 
@@ -36,11 +36,9 @@ void ObjectPool::release(void* pobject) noexcept {
 
 void ObjectPool::add_block() {
     const std::size_t size = std::max(m_object_size, std::clamp(m_block_size * 2, FIRST_BLOCK, LARGEST_BLOCK));
-    void* const block = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* const block = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
     if (block == MAP_FAILED)
         throw std::bad_alloc();
-    if (size > HUGE_PAGE)
-        madvise(block, size, MADV_HUGEPAGE); // a wish; without it the pages are small
     m_block_size = size;
     m_pnext = static_cast<std::byte*>(block);
     m_pend = m_pnext + size;

@@ -5,9 +5,9 @@
 
 namespace zelvor {
 
-/// Memory for objects of one size that are made by the hundred thousand and mostly stay: carved from blocks that grow
-/// to 32 MB and ask for huge pages, since taking such memory page by page costs more than filling it. What is released
-/// is used again, but never given back to the system. Thread-safe; usable before and after main().
+/// Memory for objects of one size that are made by the hundred thousand and mostly stay: carved from blocks of up to
+/// 2 MB whose pages are taken from the system at once, since taking them one by one costs more than filling them. What
+/// is released is used again, but never given back to the system. Thread-safe; usable before and after main().
 class ObjectPool {
 public:
     explicit constexpr ObjectPool(std::size_t object_size) : m_object_size(object_size) {}

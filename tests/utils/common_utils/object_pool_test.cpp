@@ -11,7 +11,7 @@ namespace zelvor {
 namespace {
 
 TEST(ObjectPool, ObjectsDoNotOverlapAndReleasedOnesAreUsedAgain) {
-    constexpr std::size_t size = 1928, count = 4000; // several blocks, the last of them of several megabytes
+    constexpr std::size_t size = 1928, count = 4000; // several blocks
     ObjectPool pool(size);
     std::vector<void*> objects[2];
     std::thread threads[2];
