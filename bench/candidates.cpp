@@ -1,0 +1,84 @@
+#include "utils/ArpaLM.h"
+
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <malloc.h>
+
+/// Times the language model and the choice of candidates on generated data:
+///     bench_candidates [N-GRAMS] [FILE]
+/// FILE keeps the generated trigram model.
+namespace {
+
+double milliseconds_since(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// A tenth of the n-grams are 1-grams and 4 tenths 2-grams; the words of all others are drawn at random.
+void write_model(const std::string& filename, std::size_t num_ngrams) {
+    const std::size_t num_words = num_ngrams / 10;
+    const std::size_t counts[] = {num_words + 3, num_ngrams * 4 / 10, num_ngrams / 2};
+    std::ofstream file(filename);
+    file << "\\data\\\n";
+    for (std::size_t order = 1; order <= 3; ++order)
+        file << "ngram " << order << '=' << counts[order - 1] << '\n';
+    file << "\n\\1-grams:\n-2\t<unk>\n-99\t<s>\t-0.3\n-1\t</s>\n";
+    for (std::size_t word = 0; word < num_words; ++word)
+        file << "-4.123456\tverbum" << word << "\t-0.30103\n";
+    std::mt19937 random(1);
+    std::vector<std::pair<std::size_t, std::size_t>> pairs;
+    file << "\n\\2-grams:\n";
+    for (std::size_t i = 0; i < counts[1]; ++i) {
+        pairs.emplace_back(i % num_words, random() % num_words);
+        file << "-2.345678\tverbum" << pairs.back().first << " verbum" << pairs.back().second << "\t-0.2345\n";
+    }
+    file << "\n\\3-grams:\n";
+    for (std::size_t i = 0; i < counts[2]; ++i) {
+        const auto& [first, second] = pairs[i % pairs.size()];
+        file << "-1.234567\tverbum" << first << " verbum" << second << " verbum" << random() % num_words << '\n';
+    }
+    file << "\n\\end\\\n";
+}
+
+void time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
+    const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+    const auto start = std::chrono::steady_clock::now();
+    if (!model.load(filename)) {
+        std::cerr << "cannot read " << filename << '\n';
+        std::exit(1);
+    }
+    const double loading = milliseconds_since(start);
+    const std::size_t memory = mallinfo2().uordblks + mallinfo2().hblkhd - before;
+    std::cout << "loading " << model.get_num_ngrams() << " n-grams: " << loading << " ms, "
+              << double(memory) / double(model.get_num_ngrams()) << " bytes each\n";
+
+    constexpr int SENTENCES = 100'000;
+    std::mt19937 random(2);
+    std::vector<unsigned int> words(12, zelvor::VOCAB_NONE);
+    zelvor::TextStats stats;
+    const auto scoring = std::chrono::steady_clock::now();
+    for (int i = 0; i < SENTENCES; ++i) {
+        for (std::size_t k = 0; k < 11; ++k)
+            words[k] = static_cast<unsigned int>(random() % vocab.size());
+        model.sentence_log_prob(words.data(), stats);
+    }
+    std::cout << "scoring 11 words: " << milliseconds_since(scoring) * 1000 / SENTENCES << " us (log10 "
+              << stats.log10_prob << ")\n";
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::size_t num_ngrams = argc > 1 ? std::stoul(argv[1]) : 1'000'000;
+    const std::string filename = argc > 2 ? argv[2] : "/tmp/bench_candidates.arpa";
+    write_model(filename, num_ngrams);
+    zelvor::ArpaVocab vocab;
+    zelvor::ArpaLM model(vocab);
+    time_model(filename, vocab, model);
+    return 0;
+}

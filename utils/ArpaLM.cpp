@@ -1,0 +1,136 @@
+#include "utils/ArpaLM.h"
+
+#include "utils/ArpaReader.h"
+
+#include <log4cpp/Category.hh>
+
+#include <functional>
+#include <utility>
+
+namespace zelvor {
+
+namespace {
+
+constexpr float LOG10_ZERO = -99;
+constexpr float NO_PROBABILITY = 1; // no logarithm of a probability is positive
+
+std::uint64_t mixed(std::uint64_t key) {
+    key *= 0x9E3779B97F4A7C15;
+    return key ^ (key >> 32);
+}
+
+} // namespace
+
+ArpaVocab::ArpaVocab() {
+    for (const std::string_view word : {"<unk>", "<s>", "</s>"})
+        add(word);
+}
+
+std::string_view ArpaVocab::word(std::uint32_t index) const {
+    return std::string_view(m_text).substr(m_starts[index], m_starts[index + 1] - m_starts[index]);
+}
+
+unsigned int ArpaVocab::find(std::string_view word) const {
+    return m_index.find(std::hash<std::string_view>()(word),
+                        [&](std::uint32_t index) { return this->word(index) == word; });
+}
+
+unsigned int ArpaVocab::get_index(const std::string& word, unsigned int unknown_value) const {
+    const unsigned int index = find(word);
+    return index == VOCAB_NONE ? unknown_value : index;
+}
+
+unsigned int ArpaVocab::add(std::string_view word) {
+    if (const unsigned int known = find(word); known != VOCAB_NONE)
+        return known;
+    m_text += word;
+    m_starts.push_back(m_text.size());
+    return m_index.add([&](std::uint32_t index) { return std::hash<std::string_view>()(this->word(index)); });
+}
+
+NgramTable::NgramTable() {
+    add(NONE, VOCAB_NONE); // the root
+    set(add(ROOT, ArpaVocab::UNKNOWN), LOG10_ZERO, 0);
+}
+
+std::uint32_t NgramTable::find(std::uint32_t context, unsigned int word) const {
+    return m_index.find(mixed(std::uint64_t{context} << 32 | word), [&](std::uint32_t ngram) {
+        return m_ngrams[ngram].context == context && m_ngrams[ngram].word == word;
+    });
+}
+
+std::uint32_t NgramTable::add(std::uint32_t context, unsigned int word) {
+    if (const std::uint32_t known = find(context, word); known != NONE)
+        return known;
+    m_ngrams.push_back({context, word, NO_PROBABILITY, 0});
+    return m_index.add([&](std::uint32_t ngram) {
+        return mixed(std::uint64_t{m_ngrams[ngram].context} << 32 | m_ngrams[ngram].word);
+    });
+}
+
+void NgramTable::set(std::uint32_t ngram, float log10_prob, float log10_backoff) {
+    m_ngrams[ngram].log10_prob = log10_prob;
+    m_ngrams[ngram].log10_backoff = log10_backoff;
+}
+
+bool NgramTable::has_prob(std::uint32_t ngram) const { return m_ngrams[ngram].log10_prob != NO_PROBABILITY; }
+
+bool ArpaLM::load(const std::string& filename) {
+    ArpaReader reader(m_vocab);
+    const bool is_read = reader.read(filename);
+    if (m_pmain_cat) {
+        for (const std::string& warning : reader.get_warnings())
+            m_pmain_cat->warn(warning);
+        if (!is_read)
+            m_pmain_cat->error(reader.get_error());
+    }
+    if (is_read) {
+        m_order = reader.get_order();
+        m_vocab = std::move(reader.vocab());
+        m_ngrams = std::move(reader.ngrams());
+    }
+    return is_read;
+}
+
+// contexts[k] is the n-gram of the last k words, or NONE; afterwards `word` is the last one.
+double ArpaLM::score_next(unsigned int word, std::vector<std::uint32_t>& contexts) const {
+    double log10_prob = 0;
+    bool is_found = false;
+    for (std::size_t length = contexts.size(); length-- > 0;) {
+        const std::uint32_t context = contexts[length];
+        const std::uint32_t ngram = context == NgramTable::NONE ? context : m_ngrams.find(context, word);
+        if (length + 1 < contexts.size())
+            contexts[length + 1] = ngram;
+        if (is_found || context == NgramTable::NONE)
+            continue;
+        is_found = ngram != NgramTable::NONE && m_ngrams.has_prob(ngram);
+        log10_prob += is_found ? m_ngrams.log10_prob(ngram) : m_ngrams.log10_backoff(context);
+    }
+    return log10_prob;
+}
+
+float ArpaLM::sentence_log_prob(const unsigned int* words, TextStats& stats) {
+    std::vector<std::uint32_t> contexts(m_order, NgramTable::NONE);
+    contexts[0] = NgramTable::ROOT;
+    if (m_order > 1)
+        contexts[1] = m_ngrams.find(NgramTable::ROOT, ArpaVocab::SENTENCE_BEGIN);
+
+    double total = 0;
+    const auto score = [&](unsigned int word) {
+        const bool is_known = m_ngrams.find(NgramTable::ROOT, word) != NgramTable::NONE;
+        const double log10_prob = score_next(is_known ? word : ArpaVocab::UNKNOWN, contexts);
+        stats.num_zero_probs += log10_prob <= LOG10_ZERO;
+        total += log10_prob;
+        return is_known && word != ArpaVocab::UNKNOWN;
+    };
+    for (; words && *words != VOCAB_NONE; ++words) {
+        ++stats.num_words;
+        stats.num_oovs += !score(*words);
+    }
+    score(ArpaVocab::SENTENCE_END);
+    ++stats.num_sentences;
+    stats.log10_prob += total;
+    return static_cast<float>(total);
+}
+
+} // namespace zelvor

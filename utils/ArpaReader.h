@@ -1,0 +1,48 @@
+#pragma once
+
+#include "utils/ArpaLM.h"
+
+#include <istream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelvor {
+
+/// Reads one ARPA file into a copy of a vocabulary and a table of its own.
+class ArpaReader {
+public:
+    explicit ArpaReader(const ArpaVocab& vocab) : m_vocab(vocab) {}
+
+    bool read(const std::string& filename); ///< once; false: get_error() says why
+
+    ArpaVocab& vocab() { return m_vocab; }
+    NgramTable& ngrams() { return m_ngrams; }
+    std::size_t get_order() const { return m_order; }
+    const std::string& get_error() const { return m_error; }
+    const std::vector<std::string>& get_warnings() const { return m_warnings; }
+
+private:
+    bool next_line(std::istream& file); ///< skips blank lines
+    bool read_to_data(std::istream& file);
+    bool read_header_line();
+    bool begin_section();
+    bool read_ngram();
+    bool read_words(std::uint32_t& ngram);
+    bool fail(const std::string& expected);
+    void compare_counts(const std::string& filename);
+
+    ArpaVocab m_vocab;
+    NgramTable m_ngrams;
+    std::size_t m_order = 0;              ///< of the section that is being read; 0 in the header
+    std::vector<std::size_t> m_announced; ///< n-grams by order - 1, from the header
+    std::vector<std::size_t> m_counted;   ///< the same, as read
+    std::string m_buffer;
+    std::string_view m_line; ///< trimmed
+    std::vector<std::string_view> m_fields;
+    std::size_t m_line_number = 0;
+    std::string m_error;
+    std::vector<std::string> m_warnings;
+};
+
+} // namespace zelvor
