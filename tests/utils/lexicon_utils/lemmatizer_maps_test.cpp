@@ -1,0 +1,108 @@
+#include "utils/lexicon_utils/lemmatizer_maps.h"
+
+#include "tests/temporary_directory.h"
+#include "utils/BaseLexicalEntry.h"
+#include "utils/lexicon_utils/lemmatizer_calls.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvor {
+namespace {
+
+TEST(LemmatizerMaps, SingleCachesKeepWholeLines) {
+    const TemporaryDirectory directory;
+    const std::string file = directory.write("cache", "amat\tamat amo||0.9\namat\tlater\nno separator\n\tempty key\n");
+    LineCache cache{{"", "known"}};
+    fill_lemmatizer_hashmap(file, cache);
+    EXPECT_EQ(cache, (LineCache{{"", "known"}, {"amat", "amat\tamat amo||0.9"}}));
+    // As output of the lemmatiser that line belongs to no word form that occurs.
+    WordFormContainer amat("amat");
+    WordFormContainers containers{{"amat", &amat}};
+    bool modified = false;
+    parse_line(cache["amat"], containers, &cache, modified, true);
+    EXPECT_EQ(amat.begin_predicted_lemmas(), amat.end_predicted_lemmas());
+    EXPECT_TRUE(cache.contains("amat\tamat"));
+
+    LineCache ocr;
+    fill_ocr_hashmap(file, ocr);
+    EXPECT_EQ(ocr,
+              (LineCache{{"amat\tamat", "amat\tamat amo||0.9"}, {"no", "no separator"}, {"\tempty", "\tempty key"}}));
+    fill_ocr_hashmap(directory.path("missing"), ocr);
+    EXPECT_EQ(ocr.size(), 3u);
+}
+
+TEST(LemmatizerMaps, ExportComesBackUnderOtherKeysAndFromTheWorkingDirectory) {
+    const TemporaryDirectory directory;
+    std::map<std::string, LineCache*> caches{
+        {"zv_v", new LineCache{{"amat", "amat amo||0.9"}, {"x", "y"}}}, {"zv_n", nullptr}, {"no/file", new LineCache}};
+    export_lemmatizer_map(caches, directory.path());
+    free_lemmatizer_map(caches);
+    EXPECT_EQ(directory.read("zv_v"), "amat:amat amo||0.9\nx:y\n");
+    directory.write("zv_n.old.cache", "rosa rosa||1 \nrosa later\n");
+    std::filesystem::create_directory(directory.path("zv_a.d"));
+
+    const auto size_of = [&](const std::string& tag) { return caches.contains(tag) ? int(caches[tag]->size()) : -1; };
+    testing::internal::CaptureStdout();
+    fill_lemmatizer_hashmap_allpos(directory.path(), caches);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "input_directory" + directory.path() + "\n");
+    EXPECT_EQ(caches.size(), 3u);
+    EXPECT_EQ(size_of("zv_v") + size_of("zv_n") + size_of("zv_a"), 0);
+
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(directory.path());
+    testing::internal::CaptureStdout();
+    fill_lemmatizer_hashmap_allpos(".", caches);
+    fill_lemmatizer_hashmap_allpos("missing", caches);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "input_directory.\ninput_directorymissing\nError(2) opening missing\n");
+    std::filesystem::current_path(before);
+    EXPECT_EQ(*caches["zv_v"], (LineCache{{"amat:amat", "amat:amat amo||0.9"}}));
+    EXPECT_EQ(*caches["zv_n"], (LineCache{{"rosa", "rosa rosa||1 "}}));
+    free_lemmatizer_map(caches);
+    EXPECT_TRUE(caches.empty());
+}
+
+TEST(LemmatizerMaps, AttachmentScoresOfFrequentPairs) {
+    const TemporaryDirectory directory;
+    std::map<std::pair<std::string, std::string>, double> scores;
+    parse_attachment_map(directory.write("scores", "ad,urbem:25,0,0,0,0.7\nad,urbem:99,0,0,0,0.1\n"
+                                                   "in,urbe:20,0,0,0,0.7\nin,urbem:20.5,a,b,c,-3,more\n"
+                                                   "a,b:25,0,0,0,nan\nc,d:25,0,0,0,-nan\ne,f:25,0,0,0,inf\n"
+                                                   "g,h:25,0,0,0\ni,j:25,0,,0,0.7\nk l:25,0,0,0,0.7\nm,n 25,0,0,0,1\n"
+                                                   "o,p,q:25,0,0,0,x:y\n,:30,0,0,0,2\n\n"),
+                         scores);
+    EXPECT_EQ(scores, (decltype(scores){{{"ad", "urbem"}, 0.7}, // the first line of a pair
+                                        {{"in", "urbem"}, -3},
+                                        {{"o", "p,q"}, 0},
+                                        {{"", ""}, 2}}));
+}
+
+TEST(LemmatizerMaps, IndexesByTag) {
+    BaseLexicalEntry noun("rosa", "rosam", "N");
+    BaseLexicalEntry verb("amo", "amat", "V");
+    std::vector<BaseLexicalEntry*> entries{&noun, nullptr, &verb, &noun};
+    std::set<std::string> tags{"A"};
+    get_possible_pos(&entries, tags);
+    get_possible_pos(nullptr, tags);
+    EXPECT_EQ(tags, (std::set<std::string>{"A", "N", "V"}));
+
+    std::map<std::string, std::set<std::string>*> word_forms{{"V", nullptr}};
+    for (const char* word_form : {"amat", "amat", "amo"})
+        add_pos_wf_to_hash(word_forms, "V", word_form);
+    EXPECT_EQ(*word_forms["V"], (std::set<std::string>{"amat", "amo"}));
+    free_pos_wf_to_hash(word_forms);
+    EXPECT_TRUE(word_forms.empty());
+
+    WordFormContainer container;
+    std::map<std::string, WordFormContainers*> containers;
+    testing::internal::CaptureStdout();
+    add_pos_wf_to_wfc(containers, "V", "amat", &container);
+    add_pos_wf_to_wfc(containers, "V", "amat", &container);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "1\n2\n3\n5\n6\n7\n8\n1\n2\n3\n4\n8\n");
+    EXPECT_EQ(containers["V"]->count("amat"), 2u);
+    free_wfc_hash(containers);
+    EXPECT_TRUE(containers.empty());
+}
+
+} // namespace
+} // namespace zelvor
