@@ -1,4 +1,6 @@
+#include "utils/lexicon_utils/candidates.h"
 #include "utils/ArpaLM.h"
+#include "utils/BaseLexicalEntry.h"
 
 #include <chrono>
 #include <fstream>
@@ -71,6 +73,42 @@ void time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::A
               << stats.log10_prob << ")\n";
 }
 
+void time_selection(zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
+    std::vector<std::string> previous;
+    std::set<std::string> lexicon_lemmas;
+    zelvor::WordFormContainer::Candidates predicted;
+    for (int i = 0; i < 20; ++i) {
+        predicted.emplace_back("verbum" + std::to_string(i * 7), 0.05);
+        lexicon_lemmas.insert(predicted.back().first);
+        if (i % 2)
+            previous.push_back("verbum" + std::to_string(i));
+    }
+    constexpr int ROUNDS = 10'000;
+    std::size_t length = 0;
+    auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < ROUNDS; ++i)
+        length += zelvor::select_lemma(previous, lexicon_lemmas, predicted.begin(), predicted.end(), &vocab, &model,
+                                       "la", nullptr)
+                      .size();
+    std::cout << "select_lemma, 20 candidates after 10 lemmas: " << milliseconds_since(start) * 1000 / ROUNDS
+              << " us\n";
+
+    std::multimap<std::string, zelvor::BaseLexicalEntry*> lexicon;
+    for (int i = 0; i < 100'000; ++i)
+        lexicon.emplace("verbum" + std::to_string(i), nullptr);
+    start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 10; ++i)
+        length += std::multimap(lexicon).size();
+    const double copying = milliseconds_since(start) / 10;
+    start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 10; ++i)
+        length += zelvor::select_ocr_wf(previous, lexicon, predicted.begin(), predicted.end(), &vocab, &model, "la",
+                                        false, nullptr)
+                      .size();
+    std::cout << "select_ocr_wf, 100000 entries: " << milliseconds_since(start) / 10 << " ms; a copy of the lexicon "
+              << copying << " ms (" << length << ")\n";
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -80,5 +118,6 @@ int main(int argc, char** argv) {
     zelvor::ArpaVocab vocab;
     zelvor::ArpaLM model(vocab);
     time_model(filename, vocab, model);
+    time_selection(vocab, model);
     return 0;
 }
