@@ -6,4 +6,4 @@ install(TARGETS zelvor zelvor_converter TaggerFormatConverter
 install(DIRECTORY tools training utils
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor
     FILES_MATCHING PATTERN "*.h")
-install(FILES README.md CHANGELOG.md docs/formats.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md docs/formats.md docs/candidates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
