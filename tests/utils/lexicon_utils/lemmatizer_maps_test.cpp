@@ -24,11 +24,10 @@ TEST(LemmatizerMaps, SingleCachesKeepWholeLines) {
     EXPECT_TRUE(cache.contains("amat\tamat"));
 
     LineCache ocr;
+    fill_ocr_hashmap(directory.path("missing"), ocr);
     fill_ocr_hashmap(file, ocr);
     EXPECT_EQ(ocr,
               (LineCache{{"amat\tamat", "amat\tamat amo||0.9"}, {"no", "no separator"}, {"\tempty", "\tempty key"}}));
-    fill_ocr_hashmap(directory.path("missing"), ocr);
-    EXPECT_EQ(ocr.size(), 3u);
 }
 
 TEST(LemmatizerMaps, ExportComesBackUnderOtherKeysAndFromTheWorkingDirectory) {
@@ -78,30 +77,26 @@ TEST(LemmatizerMaps, AttachmentScoresOfFrequentPairs) {
 }
 
 TEST(LemmatizerMaps, IndexesByTag) {
-    BaseLexicalEntry noun("rosa", "rosam", "N");
     BaseLexicalEntry verb("amo", "amat", "V");
-    std::vector<BaseLexicalEntry*> entries{&noun, nullptr, &verb, &noun};
+    std::vector<BaseLexicalEntry*> entries{&verb, nullptr, &verb};
     std::set<std::string> tags{"A"};
     get_possible_pos(&entries, tags);
     get_possible_pos(nullptr, tags);
-    EXPECT_EQ(tags, (std::set<std::string>{"A", "N", "V"}));
+    EXPECT_EQ(tags, (std::set<std::string>{"A", "V"}));
 
     std::map<std::string, std::set<std::string>*> word_forms{{"V", nullptr}};
     for (const char* word_form : {"amat", "amat", "amo"})
         add_pos_wf_to_hash(word_forms, "V", word_form);
     EXPECT_EQ(*word_forms["V"], (std::set<std::string>{"amat", "amo"}));
     free_pos_wf_to_hash(word_forms);
-    EXPECT_TRUE(word_forms.empty());
-
-    WordFormContainer container;
     std::map<std::string, WordFormContainers*> containers;
     testing::internal::CaptureStdout();
-    add_pos_wf_to_wfc(containers, "V", "amat", &container);
-    add_pos_wf_to_wfc(containers, "V", "amat", &container);
+    add_pos_wf_to_wfc(containers, "V", "amat", nullptr);
+    add_pos_wf_to_wfc(containers, "V", "amat", nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "1\n2\n3\n5\n6\n7\n8\n1\n2\n3\n4\n8\n");
     EXPECT_EQ(containers["V"]->count("amat"), 2u);
     free_wfc_hash(containers);
-    EXPECT_TRUE(containers.empty());
+    EXPECT_TRUE(containers.empty() && word_forms.empty());
 }
 
 } // namespace
