@@ -1,0 +1,394 @@
+#include "utils/LetterTrieNode.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <iomanip>
+#include <limits>
+#include <random>
+#include <sstream>
+
+namespace zelvor {
+namespace {
+
+using Words = std::vector<std::string>;
+using Set = LetterTrieNode::FuzzyMatches;
+constexpr double INF = std::numeric_limits<double>::infinity();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+struct Trie {
+    explicit Trie(const Words& words = {}) {
+        for (const std::string& word : words)
+            root.store_string(word, 0);
+    }
+    ~Trie() { root.delete_tree(&root); }
+    LetterTrieNode* at(std::string_view path) {
+        LetterTrieNode* node = &root;
+        for (const char c : path)
+            node = node->look_for_node(c);
+        return node;
+    }
+    LetterTrieNode root;
+};
+
+struct WeightGuard {
+    explicit WeightGuard(std::map<Glib::ustring, double>* weights) { LetterTrieNode::set_weight_table(weights); }
+    ~WeightGuard() { LetterTrieNode::set_weight_table(nullptr); }
+};
+
+std::string keys(const LetterTrieNode& node) {
+    std::string result;
+    for (LetterTrieNode* child : node.get_children())
+        result += static_cast<char>(get_node_contents(child));
+    return result;
+}
+
+std::map<std::string, std::string> contents(const Set& set) { // the budgets as text, so that NaN equals NaN
+    std::map<std::string, std::string> result;
+    for (const auto* pair : set)
+        result[pair->second.raw()] = (std::ostringstream() << std::setprecision(17) << pair->first).str();
+    return result;
+}
+
+std::vector<Words> take(LetterTrieNode::Splittings* splittings) {
+    std::vector<Words> result;
+    for (std::size_t i = 0; splittings && i < splittings->size(); ++i)
+        result.emplace_back((*splittings)[i]->begin(), (*splittings)[i]->end());
+    LetterTrieNode().delete_segment_result(splittings);
+    return result;
+}
+
+TEST(LetterTrie, CountsMarksLeavesAndSortsChildren) {
+    Trie trie({"ab", "ab", "ac", "z", "m"});
+    EXPECT_EQ(keys(trie.root), "amz");
+    EXPECT_EQ(std::vector({trie.root.get_num(), trie.at("a")->get_num(), trie.at("ab")->get_num()}),
+              std::vector({5, 3, 2}));
+    EXPECT_TRUE(trie.at("ab")->is_leaf() && !trie.at("a")->is_leaf() && !trie.root.is_leaf());
+    trie.root.store_string("ab", 1); // stores "b"
+    trie.root.store_string("ab", 9); // beyond the end: the empty string
+    EXPECT_TRUE(trie.at("b")->is_leaf() && trie.root.is_leaf());
+}
+
+TEST(LetterTrie, SearchesASortedVector) {
+    const auto key = [](int value) { return value; };
+    std::vector<int> even; // 0, 2, 4, ...
+    for (int size = 0; size < 9; even.push_back(2 * size++))
+        for (int u = -1; u <= 2 * size; ++u) {
+            const int below = u <= 0 ? -1 : std::min((u - 1) / 2, size - 1);
+            EXPECT_EQ(vector_lower_bounds_binary_search(even, u, std::less<>(), key), below) << size << ' ' << u;
+            const bool inside = u >= 0 && u % 2 == 0 && u / 2 < size;
+            EXPECT_EQ(vector_binary_search(even, u, std::less<>(), key), inside ? u / 2 : -1) << size << ' ' << u;
+        }
+}
+
+TEST(LetterTrie, LooksUpWholeStringsAndProperPrefixes) {
+    const std::string nul("a\0b", 3);
+    const struct {
+        Words stored;
+        std::string str;
+        unsigned int from;
+        int found, prefix;
+    } rows[] = {
+        {{"abc"}, "abc", 0, 1, -1},
+        {{"abc", "ab"}, "abc", 0, 1, 2},
+        {{"abc", "ab", ""}, "abc", 0, 1, 0},
+        {{"abc"}, "xabcd", 1, 0, 4},
+        {{}, "", 0, 0, -1},
+        {{""}, "", 0, 1, 0},
+        {{""}, "a", 7, 1, 7},
+        {{"a"}, "a", 7, 0, -1},
+        {{"a", "A", "\xC3\xA1", "\x01"}, "\x01\x02", 0, 0, 1}, // code points that share their low bits
+        {{nul}, nul, 0, 1, -1},
+        {{"a\xC3"}, "a\xEF\xBF\xBD", 0, 1, -1}, // a truncated character is U+FFFD, one for each byte
+        {{"\xE1\xBF"}, "\xE1\xBFz", 0, 0, 2},
+        {{"\xC2\xB2", "\xC3\xA9"}, "2", 0, 0, -1}, // no normalisation
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.stored) + " " + testing::PrintToString(row.str));
+        Trie trie(row.stored);
+        EXPECT_EQ(trie.root.lookup_string(row.str, row.from), row.found);
+        EXPECT_EQ(trie.root.lookup_string_prefix(row.str, row.from), row.prefix);
+    }
+}
+
+TEST(LetterTrie, MarksASuffixWhereFewerThanAThirdGoOn) {
+    const auto marks = [](int with_b, const char* str, unsigned int from) {
+        Trie trie(Words(with_b, "abx"));
+        for (int i = with_b; i < 9; ++i)
+            trie.root.store_string("acx", 0);
+        Glib::ustring suffix = "=";
+        trie.root.find_suffix(str, from, suffix);
+        return suffix.raw();
+    };
+    EXPECT_EQ(marks(2, "abx", 0), "=a|bx");
+    EXPECT_EQ(marks(3, "abx", 0), "=abx"); // 3 is not below 9 / 3.0
+    EXPECT_EQ(marks(2, "zab\xC3", 1), "=a|b");
+    EXPECT_EQ(marks(2, "a", 5), "=");
+}
+
+TEST(LetterTrie, ReadsPathsAndStacksOfPaths) {
+    Trie trie({"haus", "boot", "\xC3\xA4"});
+    using Stack = std::stack<LetterTrieNode*>;
+    LetterTrieNode *haus = trie.at("haus"), *boot = trie.at("boot");
+    EXPECT_EQ(trie.root.look_for_node(0xE4)->read_off().raw(), "\xC3\xA4");
+    EXPECT_EQ(trie.root.read_off_stack(Stack({haus})).raw(), "haus ");
+    EXPECT_EQ(boot->read_off_stack(Stack({haus, nullptr, boot})).raw(), "haus boot boot");
+}
+
+class ShortNode : public LetterTrieNode { // stores at most one character below itself
+public:
+    using LetterTrieNode::LetterTrieNode;
+    void store_string(Glib::ustring str, unsigned int current_index) override {
+        LetterTrieNode::store_string(str.substr(0, current_index + 1), current_index);
+    }
+    void point_to(LetterTrieNode* node) { m_vec_ptrie_nodes.insert(m_vec_ptrie_nodes.begin(), node); }
+};
+
+TEST(LetterTrie, EntersDerivedChildrenAndSurvivesBackPointers) {
+    Trie trie;
+    auto* child = new ShortNode('b');
+    trie.root.add_child(child, -1);
+    trie.root.add_child(new LetterTrieNode('d'), 0);
+    trie.root.add_child(new LetterTrieNode('c'), 0);
+    trie.root.add_child(new LetterTrieNode('e'), 99); // clamped
+    trie.root.add_child(nullptr, 0);
+    EXPECT_EQ(keys(trie.root), "bcde");
+    trie.root.store_string("bcd", 0);
+    EXPECT_TRUE(child->get_parent() == &trie.root && trie.at("bc")->is_leaf() && !trie.at("bc")->look_for_node('d'));
+    child->point_to(&trie.root);
+    EXPECT_TRUE(child->look_for_node('c'));
+    trie.root.delete_tree(&trie.root);
+    EXPECT_TRUE(trie.root.get_children().empty() && !trie.root.look_for_node('b'));
+    trie.root.store_string("y", 0);
+    trie.at("y")->add_child(&trie.root, -1); // a parent cycle: reading off ends all the same
+    EXPECT_EQ(trie.at("y")->read_off().raw().back(), 'y');
+    trie.root.delete_tree(&trie.root);
+    EXPECT_EQ(trie.root.get_parent(), nullptr);
+}
+
+TEST(LetterTrie, PrintsAPrunedGraph) {
+    std::ostringstream os;
+    Trie({"a", "\"", "\""}).root.print_dot(os, 2);
+    EXPECT_EQ(os.str(), "digraph trie {\n    rankdir=LR;\n    node [shape=circle];\n    n0 [label=\"\\n3\"];\n"
+                        "    n1 [label=\"\\\"\\n2\", shape=doublecircle];\n    n0 -> n1;\n}\n");
+}
+
+TEST(LetterTrie, HoldsAndSearchesAVeryLongString) {
+    const std::string word = std::string(100000, 'a') + "\xC3\xA4";
+    Trie trie({word});
+    EXPECT_EQ(trie.root.lookup_string(word, 0), 1);
+    EXPECT_EQ(take(trie.root.segment_sorted(word + word, 0)), std::vector<Words>({{word, word}}));
+    for (const double weight_end : {1.0, 0.5}) {
+        Set set;
+        EXPECT_EQ(trie.root.lookup_string_fuzzy(word, 0, 2.0, set, 99998, weight_end), 0);
+        EXPECT_EQ(contents(set)[word], "2");
+        LetterTrieNode::delete_mem(&set);
+    }
+}
+
+TEST(LetterTrieFree, SmallFunctions) {
+    EXPECT_EQ(min_positive(3, -1, 4, 2), 2);
+    EXPECT_EQ(min_positive(2, -1, -1), -1);
+    EXPECT_EQ(min_positive(3, 0, -1, -5), -5);
+    LetterTrieNode a('a'), b('b');
+    std::map<LetterTrieNode*, int> counts{{&a, 1}};
+    EXPECT_TRUE(HashFunctor(&counts)(&b, &a) && !HashFunctor(&counts)(&a, &b) && counts.count(&b)); // b counts 0
+    std::map<Glib::ustring, double> weights{{"ab", 0.25}, {"a", 7}, {"", 7}};
+    const WeightGuard guard(&weights);
+    EXPECT_EQ(a.lookup_weight('a', 'b') + a.lookup_weight('b', 'a'), 0.5);
+    EXPECT_EQ(a.lookup_weight('b', 'b') + a.lookup_weight(0xD800, 0xFFFFFFFF), 2.0);
+}
+
+// --- the searches written down step by step, to hold the fast ones against ---
+
+struct Reading {
+    std::u32string str;
+    unsigned int threshold;
+    double weight_end;
+    LetterTrieNode* root;
+    Set& set;
+
+    int lookup(LetterTrieNode* n, std::size_t i, double t, bool segmenting) {
+        if (i >= str.size() && n->is_leaf())
+            return record(n->read_off(), t);
+        int result = -1;
+        const auto step = [&](LetterTrieNode* k, std::size_t at, double left, bool s, int extra = 1) {
+            const int r = k ? lookup(k, at, left, s) : -1;
+            result = min_positive(2, result, r == -1 ? -1 : r + extra);
+        };
+        const bool inside = i < str.size();
+        step(inside ? n->look_for_node(str[i]) : nullptr, i + 1, t, false, 0);
+        if (!(t > 0.0 && i >= threshold))
+            return result;
+        const double cost = n->is_leaf() ? weight_end : 1.0;
+        step(inside ? n : nullptr, i + 1, t - cost, segmenting);
+        step(inside && segmenting ? root : nullptr, i + 1, t - cost, true);
+        for (LetterTrieNode* k : n->get_children()) {
+            if (inside && k->get_contents() != str[i])
+                step(k, i + 1, t - n->lookup_weight(n->get_contents(), str[i]), false);
+            step(k, i, t - 1.0, segmenting);
+        }
+        LetterTrieNode* a = i + 1 < str.size() ? n->look_for_node(str[i + 1]) : nullptr;
+        step(a ? a->look_for_node(str[i]) : nullptr, i + 2, t - 1.0, false);
+        return result;
+    }
+
+    int record(const Glib::ustring& w, double t) {
+        for (auto* pair : set)
+            if (pair->second.raw() == w.raw()) {
+                pair->first = t > std::trunc(pair->first) ? t : pair->first;
+                return 0;
+            }
+        set.insert(new std::pair<double, Glib::ustring>(t, w));
+        return 0;
+    }
+};
+
+std::vector<Words> read_segments(LetterTrieNode* n, const std::string& str, std::size_t i, LetterTrieNode* root,
+                                 int d) {
+    const Words word{n->read_off().raw()};
+    if (i >= str.size())
+        return std::vector<Words>(n->is_leaf() && n != root && n->get_parent() != root, word);
+    LetterTrieNode* child = n->look_for_node(str[i]);
+    std::vector<Words> result = child ? read_segments(child, str, i + 1, root, d + 1) : std::vector<Words>();
+    if (n->is_leaf() && n != root && d >= 3)
+        for (const Words& rest : read_segments(root, str, i, root, 0)) {
+            result.push_back(word);
+            result.back().insert(result.back().end(), rest.begin(), rest.end());
+        }
+    return result;
+}
+
+class Random : public std::mt19937 {
+public:
+    explicit Random(unsigned int seed) : std::mt19937(seed) {}
+    std::size_t below(std::size_t limit) { return (*this)() % limit; }
+    template<typename T>
+    T pick(const std::vector<T>& values) {
+        return values[below(values.size())];
+    }
+    std::string word(std::size_t max_length, std::size_t letters) {
+        std::string word(below(max_length + 1), 'a');
+        for (char& c : word)
+            c = static_cast<char>(c + below(letters));
+        return word;
+    }
+    Words words(std::size_t max_length, std::size_t letters) {
+        Words words(1 + below(8));
+        for (std::string& stored : words)
+            stored = word(max_length, letters);
+        return words;
+    }
+};
+
+TEST(LetterTrieFuzzy, AgreesWithTheStepwiseReadingOnRandomTries) {
+    const unsigned int seed = std::random_device()();
+    Random random(seed);
+    for (int round = 0; round < 6000 && !HasFailure(); ++round) {
+        const Words words = random.words(5, 3);
+        Trie trie(words);
+        std::map<Glib::ustring, double> weights;
+        for (const char* pair : {"aa", "ab", "ac", "bb", "bc", "cc"})
+            if (random.below(2))
+                weights[pair] = random.pick<double>({0.3, 0.5, 0.75, 1, 1.4, 2.5, 0, -0.25, NOT_A_NUMBER, INF});
+        const WeightGuard guard(random.below(2) ? &weights : nullptr);
+        const std::string str = random.word(5, 4);
+        const double t = random.pick<double>({0, -1, 0.4, 1, 1.5, 1.7, 2, 2.2, 2.6, 3, NOT_A_NUMBER});
+        const double weight_end = random.pick<double>({1, 1, 1, 0.5, 0, 1.7, -0.5});
+        const unsigned int threshold = random.pick<unsigned int>({0, 0, 0, 1, 2, 9});
+        LetterTrieNode* start = random.below(4) ? &trie.root : trie.at(random.pick(words));
+        LetterTrieNode* restart = random.below(2) ? &trie.root : nullptr; // null: the root as well
+        Set expected, found{nullptr};
+        const double before = random.pick<double>({1.7, 0.5, -0.5, 2, NOT_A_NUMBER});
+        for (Set* set : {&expected, &found})
+            set->insert(new std::pair<double, Glib::ustring>(before, words[0]));
+        std::stack<LetterTrieNode*> stack;
+        const bool segmenting = random.below(2);
+        const int steps =
+            segmenting ? start->lookup_string_fuzzy_segment(str, 0, t, found, threshold, weight_end, stack, restart)
+                       : start->lookup_string_fuzzy(str, 0, t, found, threshold, weight_end);
+        Reading reading{{str.begin(), str.end()}, threshold, weight_end, &trie.root, expected};
+        EXPECT_EQ(steps, reading.lookup(start, 0, t, segmenting));
+        found.erase(nullptr);
+        EXPECT_EQ(contents(found), contents(expected)) << "seed " << seed << testing::PrintToString(words) << str << t;
+        LetterTrieNode::delete_mem(&expected);
+        LetterTrieNode::delete_mem(&found);
+    }
+}
+
+TEST(LetterTrieFuzzy, FindsKnownCases) {
+    std::map<Glib::ustring, double> weights{{"ax", 0.5}};
+    const std::string nul("\0a", 2);
+    const struct {
+        Words stored;
+        std::string str;
+        unsigned int from;
+        double tolerance;
+        unsigned int threshold;
+        int steps;
+        std::map<std::string, std::string> result;
+    } rows[] = {
+        {{"abc"}, "abc", 0, 1.0, 0, 0, {{"abc", "1"}}},
+        {{"abc"}, "axc", 0, 1.0, 0, 1, {{"abc", "0.5"}}}, // a, not b, is held against x
+        {{"abc"}, "bac", 0, 1.0, 0, 1, {{"abc", "0"}}},
+        {{"abc"}, "xbc", 0, 1.0, 2, -1, {}},
+        {{"abc"}, "xxabc", 2, 0.0, 0, 0, {{"abc", "0"}}},
+        {{"ab", "abc"}, "ab", 0, 1.0, 0, 0, {{"ab", "1"}}}, // the match ends the path
+        {{"abc", "x"}, "", 0, INF, 0, 1, {{"abc", "inf"}, {"x", "inf"}}},
+        {{"ab"}, "ba", 9, 2.0, 9, 2, {{"ab", "0"}}}, // from beyond the end: insertions only
+        {{"ab"}, "ab", 0, NOT_A_NUMBER, 0, 0, {{"ab", "nan"}}},
+        {{"ab"}, "zzz", 0, 1e12, 0, 3, {{"ab", "999999999997"}}},
+        {{nul}, "a\xC3", 0, 2.0, 0, 2, {{nul, "0"}}},
+        {{"m2", "m\xC2\xB2"}, "m2", 0, 1.0, 0, 0, {{"m2", "1"}, {"m\xC2\xB2", "0"}}}, // two strings
+    };
+    for (const auto& row : rows) {
+        const WeightGuard guard(row.str == "axc" ? &weights : nullptr);
+        Set set;
+        EXPECT_EQ(Trie(row.stored).root.lookup_string_fuzzy(row.str, row.from, row.tolerance, set, row.threshold, 1),
+                  row.steps)
+            << row.str;
+        EXPECT_EQ(contents(set), row.result) << row.str;
+        LetterTrieNode::delete_mem(&set);
+    }
+}
+
+TEST(LetterTrieSegment, AgreesWithTheStepwiseReadingOnRandomTries) {
+    const unsigned int seed = std::random_device()();
+    Random random(seed);
+    for (int round = 0; round < 4000 && !HasFailure(); ++round) {
+        const Words words = random.words(6, 2);
+        Trie trie(words);
+        std::string str = random.word(4, 2);
+        for (std::size_t i = random.below(4); i > 0; --i)
+            str += random.pick(words);
+        LetterTrieNode* start = random.below(4) ? &trie.root : trie.at(random.pick(words));
+        const int depth = static_cast<int>(random.below(6)) - 1;
+        EXPECT_EQ(take(start->segment(str, 0, random.below(2) ? &trie.root : nullptr, depth)),
+                  read_segments(start, str, 0, &trie.root, depth))
+            << "seed " << seed << testing::PrintToString(words) << str << depth;
+    }
+}
+
+TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {
+    const struct {
+        Words stored;
+        std::string str;
+        unsigned int from;
+        std::vector<Words> splittings;
+    } rows[] = {
+        {{"haus", "boot"}, "hausboot", 0, {{"haus", "boot"}}},
+        {{"ab", "cd"}, "abcd", 0, {}}, // a first word needs three characters
+        {{"abc", "d"}, "abcd", 0, {}}, // a last word needs two
+        {{"abc"}, "xxabc", 2, {{"abc"}}},
+        {{"", "abc"}, "", 0, {}},
+        {{"abcd", "ef", "abc", "def", "abcdef", "xyz"}, "abcdefxyz", 0, {{"abcdef", "xyz"}, {"abc", "def", "xyz"}}},
+        {{"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(take(Trie(row.stored).root.segment_sorted(row.str, row.from)), row.splittings) << row.str;
+    EXPECT_EQ(Trie({"abc"}).root.segment("abc", 7, nullptr, 0), nullptr);
+}
+
+} // namespace
+} // namespace zelvor

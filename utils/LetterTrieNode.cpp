@@ -1,0 +1,248 @@
+#include "utils/LetterTrieNode.h"
+
+#include "utils/common_utils/utf8.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <limits>
+#include <ostream>
+#include <typeinfo>
+
+namespace zelvor {
+
+namespace {
+
+/// Walks over the characters of a text from a given position on, decoding each once.
+class CharacterReader {
+public:
+    CharacterReader(std::string_view text, unsigned int position) : m_text(text) {
+        for (unsigned int i = 0; i < position && !at_end(); ++i)
+            next();
+    }
+    bool at_end() const { return m_offset == m_text.size(); }
+    gunichar next() {
+        if (const auto byte = static_cast<unsigned char>(m_text[m_offset]); byte < 0x80) {
+            ++m_offset;
+            return byte;
+        }
+        const DecodedCharacter character = decode_character(m_text, m_offset);
+        m_offset += character.length;
+        return character.code_point;
+    }
+
+private:
+    std::string_view m_text;
+    std::size_t m_offset = 0;
+};
+
+/// The nodes from `node` up to the root. A parent cycle, which add_child of an ancestor makes, ends the climb.
+std::vector<const LetterTrieNode*> climb(const LetterTrieNode* node) {
+    std::vector<const LetterTrieNode*> path;
+    const LetterTrieNode* seen = nullptr;
+    for (std::size_t limit = 16; node && node != seen; node = node->get_parent()) {
+        path.push_back(node);
+        if (path.size() == limit) {
+            seen = node;
+            limit *= 2;
+        }
+    }
+    return path;
+}
+
+} // namespace
+
+std::map<Glib::ustring, double>* LetterTrieNode::m_pmap_weights = nullptr;
+
+LetterTrieNode* LetterTrieNode::search_for_node(gunichar c) const {
+    const int position = vector_binary_search(m_vec_ptrie_nodes, c, compare_chars, get_node_contents);
+    return position < 0 ? nullptr : m_vec_ptrie_nodes[position];
+}
+
+void LetterTrieNode::store_string(Glib::ustring str, unsigned int current_index) {
+    CharacterReader reader(str.raw(), current_index);
+    LetterTrieNode* node = this;
+    for (;; ++current_index) {
+        ++node->m_num;
+        if (reader.at_end())
+            break;
+        const gunichar c = reader.next();
+        LetterTrieNode* child = node->look_for_node(c);
+        if (!child) {
+            child = new LetterTrieNode(c);
+            node->add_child(
+                child, vector_lower_bounds_binary_search(node->m_vec_ptrie_nodes, c, compare_chars, get_node_contents));
+        }
+        node = child;
+        if (typeid(*node) != typeid(LetterTrieNode)) {
+            node->store_string(std::move(str), current_index + 1);
+            return;
+        }
+    }
+    node->m_is_leaf = true;
+}
+
+int LetterTrieNode::lookup_string(const Glib::ustring& str, unsigned int current_index) const {
+    const LetterTrieNode* node = this;
+    for (CharacterReader reader(str.raw(), current_index); node && !reader.at_end();)
+        node = node->look_for_node(reader.next());
+    return node && node->m_is_leaf;
+}
+
+int LetterTrieNode::lookup_string_prefix(const Glib::ustring& str, unsigned int current_index) const {
+    CharacterReader reader(str.raw(), current_index);
+    const LetterTrieNode* node = this;
+    for (;; ++current_index) {
+        if (node->m_is_leaf)
+            return static_cast<int>(current_index);
+        if (reader.at_end())
+            return -1;
+        node = node->look_for_node(reader.next());
+        if (!node || reader.at_end()) // a string equal to the whole input is no prefix of it
+            return -1;
+    }
+}
+
+void LetterTrieNode::find_suffix(const Glib::ustring& str, unsigned int current_index, Glib::ustring& suffix) const {
+    std::string marked;
+    const LetterTrieNode* node = this;
+    for (CharacterReader reader(str.raw(), current_index); !reader.at_end();) {
+        const gunichar c = reader.next();
+        const LetterTrieNode* child = node->look_for_node(c);
+        if (!child)
+            break;
+        if (node->m_pparent && node->m_num / 3.0 > child->m_num)
+            marked += '|';
+        append_utf8(marked, c);
+        node = child;
+    }
+    suffix += Glib::ustring(std::move(marked));
+}
+
+void LetterTrieNode::read_off_intern(Glib::ustring& s) const {
+    const std::vector<const LetterTrieNode*> path = climb(this);
+    std::string text;
+    for (auto node = path.rbegin(); node != path.rend(); ++node)
+        if ((*node)->m_pparent)
+            append_utf8(text, (*node)->m_c);
+    s = text + s.raw();
+}
+
+Glib::ustring LetterTrieNode::read_off() const {
+    Glib::ustring s;
+    read_off_intern(s);
+    return s;
+}
+
+void LetterTrieNode::read_off_stack_intern(Glib::ustring& s, std::stack<LetterTrieNode*>& stack_letter_trie) const {
+    read_off_intern(s);
+    for (; !stack_letter_trie.empty(); stack_letter_trie.pop())
+        if (const LetterTrieNode* node = stack_letter_trie.top())
+            s = (node->read_off() + " ").raw() + s.raw();
+}
+
+Glib::ustring LetterTrieNode::read_off_stack(std::stack<LetterTrieNode*> stack_letter_trie) const {
+    Glib::ustring s;
+    read_off_stack_intern(s, stack_letter_trie);
+    return s;
+}
+
+void LetterTrieNode::delete_tree(LetterTrieNode* proot) {
+    std::vector<LetterTrieNode*> doomed;
+    const auto collect_children = [&](LetterTrieNode* node) {
+        for (LetterTrieNode* child : node->m_vec_ptrie_nodes) {
+            if (child != proot)
+                doomed.push_back(child);
+            else if (child->m_pparent == node && node != this)
+                child->m_pparent = nullptr; // the node that it points to is about to go
+        }
+        node->m_vec_ptrie_nodes.clear();
+        node->m_child_bits = node->m_num_bits = 0;
+    };
+    collect_children(this);
+    // Each node stands behind its parent, so that going backwards frees children first.
+    for (std::size_t i = 0; i < doomed.size(); ++i)
+        collect_children(doomed[i]);
+    for (auto node = doomed.rbegin(); node != doomed.rend(); ++node)
+        delete *node;
+}
+
+double LetterTrieNode::lookup_weight(gunichar c1, gunichar c2) const {
+    if (!m_pmap_weights)
+        return 1.0;
+    const auto [low, high] = std::minmax(c1, c2);
+    const auto weight = m_pmap_weights->find(Glib::ustring(encode_utf8(std::u32string{low, high})));
+    return weight == m_pmap_weights->end() ? 1.0 : weight->second;
+}
+
+void LetterTrieNode::add_child(LetterTrieNode* pletter_trie_node, int position) {
+    if (!pletter_trie_node)
+        return;
+    const int size = static_cast<int>(m_vec_ptrie_nodes.size());
+    m_vec_ptrie_nodes.insert(m_vec_ptrie_nodes.begin() + (std::clamp(position, -1, size - 1) + 1), pletter_trie_node);
+    pletter_trie_node->m_pparent = this;
+    m_child_bits |= std::uint32_t{1} << (pletter_trie_node->m_c & 31);
+    if (m_num_bits == size && size < std::numeric_limits<std::uint16_t>::max())
+        ++m_num_bits;
+}
+
+LetterTrieNode* LetterTrieNode::get_root() { return const_cast<LetterTrieNode*>(climb(this).back()); }
+
+namespace {
+
+/// A quoted Graphviz string: U+0000 and control characters would end or break the line.
+std::string dot_label(gunichar c) {
+    std::string text;
+    if (c == '"' || c == '\\')
+        text = '\\';
+    append_utf8(text, c < ' ' ? REPLACEMENT_CHARACTER : c);
+    return text;
+}
+
+} // namespace
+
+void LetterTrieNode::print_dot(std::ostream& os, int min_num) const {
+    os << "digraph trie {\n    rankdir=LR;\n    node [shape=circle];\n";
+    std::vector<std::pair<const LetterTrieNode*, std::size_t>> pending{{this, 0}}; // with the number of the parent
+    for (std::size_t number = 0; !pending.empty(); ++number) {
+        const auto [node, parent] = pending.back();
+        pending.pop_back();
+        os << "    n" << number << " [label=\"" << (node->m_pparent ? dot_label(node->m_c) : "") << "\\n"
+           << node->m_num << (node->m_is_leaf ? "\", shape=doublecircle];\n" : "\"];\n");
+        if (node != this)
+            os << "    n" << parent << " -> n" << number << ";\n";
+        std::vector<LetterTrieNode*> children;
+        std::map<LetterTrieNode*, int> counts;
+        for (auto child = node->m_vec_ptrie_nodes.rbegin(); child != node->m_vec_ptrie_nodes.rend(); ++child)
+            if ((*child)->m_pparent == node && (*child)->m_num >= min_num) {
+                children.push_back(*child);
+                counts[*child] = (*child)->m_num;
+            }
+        std::stable_sort(children.begin(), children.end(), HashFunctor(&counts)); // the last is taken up first
+        for (LetterTrieNode* child : children)
+            pending.emplace_back(child, number);
+    }
+    os << "}\n";
+}
+
+bool HashFunctor::operator()(LetterTrieNode* p1, LetterTrieNode* p2) const {
+    return m_pmap && (*m_pmap)[p1] < (*m_pmap)[p2];
+}
+
+int min_positive(int n_args, ...) {
+    std::va_list values;
+    va_start(values, n_args);
+    int result = -1;
+    for (int i = 0; i < n_args; ++i) {
+        const int value = va_arg(values, int);
+        if (value != -1 && (value < result || result == -1))
+            result = value;
+    }
+    va_end(values);
+    return result;
+}
+
+bool compare_nodes(std::vector<Glib::ustring>* pvec1, std::vector<Glib::ustring>* pvec2) {
+    return pvec1->size() < pvec2->size();
+}
+
+} // namespace zelvor

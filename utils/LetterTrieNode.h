@@ -1,0 +1,182 @@
+#pragma once
+
+#include <glibmm/ustring.h>
+
+#include <bit>
+#include <cstdint>
+#include <iosfwd>
+#include <map>
+#include <set>
+#include <stack>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zelvor {
+
+/// A trie over code points, one node a character; the root carries none. Strings may hold any bytes: each byte that is
+/// not valid UTF-8 counts as the character U+FFFD, U+0000 is a character like any other. Positions and lengths are in
+/// code points; a position beyond the string counts as its end. Strings are told apart by their characters alone: no
+/// collation, no case folding, no normalisation.
+///
+/// Build: make a root, call store_string(word, 0) on it for each word. Free: delete_tree(root) on the root, then delete
+/// the root. A node owns its children, but its destructor frees none of them.
+class LetterTrieNode {
+public:
+    using FuzzyMatches = std::set<std::pair<double, Glib::ustring>*>; ///< (budget left, stored string); owned by caller
+    using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each the stored strings in input order
+
+    LetterTrieNode() = default; ///< a root
+    explicit LetterTrieNode(gunichar c) : m_c(c) {}
+    virtual ~LetterTrieNode() = default;
+    LetterTrieNode(const LetterTrieNode&) = delete;
+    LetterTrieNode& operator=(const LetterTrieNode&) = delete;
+
+    /// Stores str from current_index on below this node and counts it in every node that it reaches. New nodes are
+    /// plain ones; a child of a derived class (see add_child) is entered through its own store_string.
+    virtual void store_string(Glib::ustring str, unsigned int current_index);
+
+    LetterTrieNode* look_for_node(gunichar c) const;                               ///< the child for c, or null
+    int lookup_string(const Glib::ustring& str, unsigned int current_index) const; ///< 1: stored, 0: not
+
+    /// Where the shortest stored proper prefix of str ends, or -1. The whole of str is never reported, except that a
+    /// leaf at the start, or at the end of an empty str, gives current_index.
+    int lookup_string_prefix(const Glib::ustring& str, unsigned int current_index) const;
+
+    /// Appends to suffix the characters of str that the trie holds, with "|" before each at which fewer than a third
+    /// of the strings that reached the node before go on; never before the first character.
+    void find_suffix(const Glib::ustring& str, unsigned int current_index, Glib::ustring& suffix) const;
+
+    Glib::ustring read_off() const; ///< the string from the root to this node
+    /// The paths of the stacked nodes, the bottom one first, then the path of this node, with blanks between them.
+    Glib::ustring read_off_stack(std::stack<LetterTrieNode*> stack_letter_trie) const;
+    void read_off_intern(Glib::ustring& s) const; ///< puts this node's path in front of s
+    void read_off_stack_intern(Glib::ustring& s, std::stack<LetterTrieNode*>& stack_letter_trie) const; ///< empties it
+
+    /// Deletes all nodes below this one, except proot (which may be null) and what hangs below it.
+    void delete_tree(LetterTrieNode* proot);
+
+    gunichar get_contents() const { return m_c; }
+    LetterTrieNode* get_parent() const { return m_pparent; }
+    const std::vector<LetterTrieNode*>& get_children() const { return m_vec_ptrie_nodes; } ///< in code-point order
+    bool is_leaf() const { return m_is_leaf; } ///< a stored string ends here
+    int get_num() const { return m_num; }      ///< how many store_string calls reached this node
+
+    /// The substitution costs of the fuzzy lookup, for all tries of the process: keys are two characters, the lower
+    /// code point first. Not owned; null removes it. Must not change during a lookup.
+    static void set_weight_table(std::map<Glib::ustring, double>* pweight_table) { m_pmap_weights = pweight_table; }
+    static bool has_weights() { return m_pmap_weights && !m_pmap_weights->empty(); }
+    double lookup_weight(gunichar c1, gunichar c2) const; ///< 1.0 where the table has nothing for the pair
+
+    /// Takes a child over, placed after index position (-1: first). Order and uniqueness are the caller's business.
+    void add_child(LetterTrieNode* pletter_trie_node, int position);
+
+    /// Adds every stored string within the edit budget `tolerance` to set_lemmas, with the budget that is left (higher
+    /// is closer), and returns the smallest number of edit steps of any match, -1 for none. For a string that is there
+    /// already the budget is replaced when the new one is greater than the old one cut to an integer.
+    /// Deletion (weight_end at a leaf), insertion and transposition cost 1; a substitution costs lookup_weight of the
+    /// character before the substituted one and the input's, so the table has no say in a first character. Edits need
+    /// a budget above 0 and start at start_threshold; the last one may overdraw. A match ends its path: longer stored
+    /// strings are not reached through it. The search is exhaustive: with a weight table or another weight_end than 1
+    /// its time is exponential in the budget, and nothing caps it.
+    int lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
+                            FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end);
+    /// As above; besides, before the first character that is kept or substituted, a skipped one may be a boundary after
+    /// which the search starts afresh at proot_node (null: the root). The stack is left as it came.
+    int lookup_string_fuzzy_segment(const Glib::ustring& str, unsigned int current_index, double tolerance,
+                                    FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end,
+                                    std::stack<LetterTrieNode*>& stack_letter_trie_node, LetterTrieNode* proot_node);
+    static void delete_mem(FuzzyMatches* pset); ///< deletes the pairs and clears the set
+
+    /// All ways to split str into stored strings, or null: inside at least 3 characters long, at the end 2; where two
+    /// differ, the one with the longer word comes first. This node stands distance_from_root below proot (null: the
+    /// root) in a word already begun. Free with delete_segment_result. The result can be exponential in the length.
+    Splittings* segment(const Glib::ustring& str, unsigned int current_index, LetterTrieNode* proot,
+                        int distance_from_root);
+    Splittings* segment_sorted(const Glib::ustring& str, unsigned int current_index); ///< fewest words first
+    void delete_segment_result(Splittings* pvec_vec);
+
+    /// Writes the trie as a Graphviz graph, leaving out nodes that fewer than min_num strings reached; frequent
+    /// children come first, stored strings end in a double circle.
+    void print_dot(std::ostream& os, int min_num = 1) const;
+
+protected:
+    LetterTrieNode* get_root(); ///< climbs through the parents
+
+    LetterTrieNode* search_for_node(gunichar c) const; ///< by bisection
+
+    gunichar m_c = 0;
+    std::uint32_t m_child_bits = 0; ///< bit c & 31 for each child: says what is absent, and mostly where a child stands
+    std::vector<LetterTrieNode*> m_vec_ptrie_nodes;
+    bool m_is_leaf = false;
+    std::uint16_t m_num_bits = 0; ///< how many children the bits cover; they are of use only where these are all
+    int m_num = 0;
+    static std::map<Glib::ustring, double>* m_pmap_weights;
+    LetterTrieNode* m_pparent = nullptr;
+};
+
+inline LetterTrieNode* LetterTrieNode::look_for_node(gunichar c) const {
+    if (m_num_bits == m_vec_ptrie_nodes.size()) {
+        const std::uint32_t bit = std::uint32_t{1} << (c & 31);
+        if (!(m_child_bits & bit))
+            return nullptr;
+        LetterTrieNode* child = m_vec_ptrie_nodes[m_child_bits == bit ? 0 : std::popcount(m_child_bits & (bit - 1))];
+        if (child->m_c == c)
+            return child;
+    }
+    return search_for_node(c);
+}
+
+/// Orders nodes by ascending count; a node without a count is entered into the map (not owned) with 0.
+class HashFunctor {
+public:
+    explicit HashFunctor(std::map<LetterTrieNode*, int>* pmap) : m_pmap(pmap) {}
+    bool operator()(LetterTrieNode* p1, LetterTrieNode* p2) const;
+
+private:
+    std::map<LetterTrieNode*, int>* m_pmap;
+};
+
+inline bool compare_chars(gunichar c1, gunichar c2) { return c1 < c2; }
+inline gunichar get_node_contents(LetterTrieNode* m_pletter_trie_node) { return m_pletter_trie_node->get_contents(); }
+
+/// Of n_args further int values the smallest that is not -1; -1 when there is none.
+int min_positive(int n_args, ...);
+bool compare_nodes(std::vector<Glib::ustring>* pvec1, std::vector<Glib::ustring>* pvec2); ///< fewer words first
+
+/// The index of the last element of the sorted v1 whose key is less than u, -1 for none.
+template<typename T, typename U, typename Less, typename Get>
+int vector_lower_bounds_binary_search(const std::vector<T>& v1, const U& u, Less comparison_less, Get get_content) {
+    const int size = static_cast<int>(v1.size());
+    if (size == 0 || comparison_less(u, get_content(v1.front())))
+        return -1;
+    if (comparison_less(get_content(v1.back()), u))
+        return size - 1;
+    int start_pos = 0;
+    int end_pos = size;
+    for (int comparison_pos = -1;;) {
+        const int old_comparison_pos = comparison_pos;
+        comparison_pos = start_pos + (end_pos - start_pos) / 2;
+        if (comparison_pos == old_comparison_pos)
+            return comparison_pos;
+        const auto& key = get_content(v1[comparison_pos]);
+        if (comparison_less(u, key))
+            end_pos = comparison_pos;
+        else if (comparison_less(key, u))
+            start_pos = comparison_pos;
+        else
+            return comparison_pos - 1;
+    }
+}
+
+/// The index of the element of the sorted v1 whose key is u, -1 for none.
+template<typename T, typename U, typename Less, typename Get>
+int vector_binary_search(const std::vector<T>& v1, const U& u, Less comparison_less, Get get_content) {
+    const int position = vector_lower_bounds_binary_search(v1, u, comparison_less, get_content);
+    if (position == static_cast<int>(v1.size()) - 1)
+        return -1;
+    const auto& key = get_content(v1[position + 1]);
+    return key != u ? -1 : position + 1;
+}
+
+} // namespace zelvor
