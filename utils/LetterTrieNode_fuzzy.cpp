@@ -13,6 +13,7 @@ namespace zelvor {
 namespace {
 
 constexpr int UNREACHED = INT_MAX;
+constexpr double MAX_PATH_TOLERANCE = 2.0; ///< up to here trying all paths takes less time than keeping rows
 
 /// The caller's result set with an index of its strings. Of several pairs for one string the first in the order of the
 /// set counts; null pairs are passed over.
@@ -327,7 +328,7 @@ bool has_unit_costs(double weight_end) { return weight_end == 1.0 && !LetterTrie
 int LetterTrieNode::lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                                         FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end) {
     Query query(str, current_index, start_threshold, weight_end, set_lemmas);
-    if (has_unit_costs(weight_end))
+    if (has_unit_costs(weight_end) && tolerance > MAX_PATH_TOLERANCE)
         RowSearch(query, tolerance).run(this, current_index);
     else
         PathSearch(query, nullptr, false).run(this, current_index, tolerance);

@@ -181,8 +181,8 @@ TEST(LetterTrie, HoldsAndSearchesAVeryLongString) {
     EXPECT_EQ(take(trie.root.segment_sorted(word + word, 0)), std::vector<Words>({{word, word}}));
     for (const double weight_end : {1.0, 0.5}) {
         Set set;
-        EXPECT_EQ(trie.root.lookup_string_fuzzy(word, 0, 2.0, set, 99998, weight_end), 0);
-        EXPECT_EQ(contents(set)[word], "2");
+        EXPECT_EQ(trie.root.lookup_string_fuzzy(word, 0, 3.0, set, 99998, weight_end), 0);
+        EXPECT_EQ(contents(set)[word], "3");
         LetterTrieNode::delete_mem(&set);
     }
 }
@@ -285,7 +285,7 @@ public:
 TEST(LetterTrieFuzzy, AgreesWithTheStepwiseReadingOnRandomTries) {
     const unsigned int seed = std::random_device()();
     Random random(seed);
-    for (int round = 0; round < 6000 && !HasFailure(); ++round) {
+    for (int round = 0; round < 12000 && !HasFailure(); ++round) {
         const Words words = random.words(5, 3);
         Trie trie(words);
         std::map<Glib::ustring, double> weights;
@@ -294,8 +294,8 @@ TEST(LetterTrieFuzzy, AgreesWithTheStepwiseReadingOnRandomTries) {
                 weights[pair] = random.pick<double>({0.3, 0.5, 0.75, 1, 1.4, 2.5, 0, -0.25, NOT_A_NUMBER, INF});
         const WeightGuard guard(random.below(2) ? &weights : nullptr);
         const std::string str = random.word(5, 4);
-        const double t = random.pick<double>({0, -1, 0.4, 1, 1.5, 1.7, 2, 2.2, 2.6, 3, NOT_A_NUMBER});
-        const double weight_end = random.pick<double>({1, 1, 1, 0.5, 0, 1.7, -0.5});
+        const double t = random.pick<double>({0, -1, 0.4, 1, 1.5, 1.7, 2, 2.2, 2.6, 3, 3, 3.5, NOT_A_NUMBER});
+        const double weight_end = random.pick<double>({1, 1, 1, 1, 1, 0.5, 0, 1.7, -0.5});
         const unsigned int threshold = random.pick<unsigned int>({0, 0, 0, 1, 2, 9});
         LetterTrieNode* start = random.below(4) ? &trie.root : trie.at(random.pick(words));
         LetterTrieNode* restart = random.below(2) ? &trie.root : nullptr; // null: the root as well
