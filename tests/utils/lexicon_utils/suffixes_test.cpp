@@ -1,0 +1,61 @@
+#include "utils/lexicon_utils/suffixes.h"
+
+#include "utils/LetterTrieNode.h"
+#include "utils/LexicalEntry.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvor {
+namespace {
+
+struct Endings : testing::Test {
+    Endings() { // c, bc, abc and dabc, each less than a third as frequent as the one before; ing with and without lk
+        const std::pair<const char*, int> reversed[] = {{"c", 64},  {"cb", 16},   {"cba", 4},       {"cbad", 1},
+                                                        {"gni", 7}, {"gnikl", 2}, {"x\xC3\xA4", 1}, {"a3", 1}};
+        for (const auto& [ending, count] : reversed)
+            for (int i = 0; i < count; ++i)
+                root.store_string(ending, 0);
+    }
+    ~Endings() override { root.delete_tree(&root); }
+    LetterTrieNode root;
+};
+
+TEST_F(Endings, BecomeSuffixesOfGrowingLength) {
+    const std::pair<const char*, std::string> rows[] = {
+        {"walking", "ing old old"},   // two pieces, lk and ing, make no second suffix
+        {"thing", "ing old old"},     // one piece
+        {"xxxxxxxabc", "c bc old"},   // three pieces
+        {"xxxxxxxxdabc", "c bc abc"}, // four
+        {"xxxdabc", "c bc old"},      // three bytes are not fewer than half of seven characters
+        {"dabc", "c old old"},        // nor two than half of four
+        {"\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4"
+         "dabc",
+         "c bc abc"},                 // characters of the word form, not bytes
+        {"\xC3\xA4x", "old old old"}, // known, but begins with a byte that is no letter
+        {"3a", "old old old"},
+        {"q", "old old old"},
+        {"", "old old old"},
+    };
+    for (const auto& [word_form, suffixes] : rows) {
+        LexicalEntry entry("lemma", word_form, "N");
+        for (auto set :
+             {&EnglishLexicalEntry::set_suffix1, &EnglishLexicalEntry::set_suffix2, &EnglishLexicalEntry::set_suffix3})
+            (entry.*set)("old");
+        std::vector<LexicalEntry*> entries{nullptr, &entry};
+        extract_suffixes_from_lexical_entries(nullptr, &entries);
+        extract_suffixes_from_lexical_entries(&root, nullptr);
+        extract_suffixes_from_lexical_entries(&root, &entries);
+        EXPECT_EQ(entry.get_suffix1() + " " + entry.get_suffix2() + " " + entry.get_suffix3(), suffixes) << word_form;
+    }
+}
+
+TEST_F(Endings, OfContainersThatAreEnglishEntries) {
+    EnglishLexicalEntry entry("l", "thing", "N");
+    BaseLexicalEntry other("l", "thing", "N");
+    std::vector<WordFormContainer*> containers{nullptr, &other, &entry};
+    extract_suffixes_from_wordform_containers(&root, containers);
+    EXPECT_EQ(entry.get_suffix1(), "ing");
+}
+
+} // namespace
+} // namespace zelvor
