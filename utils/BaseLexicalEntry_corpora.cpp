@@ -7,8 +7,8 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
-#include <map>
 #include <stdexcept>
 #include <string_view>
 
@@ -23,7 +23,7 @@ constexpr const char* SUSANNE_TAGS[][2] = {{"PPH01m", "PRP"}, {"APPGm", "PPOSAT"
 bool is_alphanumeric(char32_t c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 /// A text addressed by code points without decoding all of it for every token: positions are found by walking on from
-/// the last one.
+/// the last one, or from where the last substring began.
 class CodePoints {
 public:
     static constexpr char32_t NONE = 0xFFFFFFFF;
@@ -32,7 +32,7 @@ public:
 
     /// The code point at a position; NONE at or beyond the end.
     char32_t at(std::uint32_t position) {
-        return seek(position) && m_byte < m_text.size() ? decode_character(m_text, m_byte).code_point : NONE;
+        return seek(position) && m_here.byte < m_text.size() ? decode_character(m_text, m_here.byte).code_point : NONE;
     }
 
     bool contains(std::uint32_t position) { return at(position) != NONE; }
@@ -41,35 +41,51 @@ public:
     std::string substr(std::uint32_t from, std::uint32_t length) {
         if (!seek(from))
             throw std::out_of_range("span begins beyond the end of the text");
-        const std::size_t begin = m_byte;
+        m_anchor = m_here;
+        const std::size_t begin = m_here.byte;
         for (std::uint32_t i = 0; i < length && step(); ++i) {
         }
-        return std::string(m_text.substr(begin, m_byte - begin));
+        return std::string(m_text.substr(begin, m_here.byte - begin));
     }
 
 private:
+    struct Place {
+        std::uint32_t position = 0;
+        std::size_t byte = 0;
+    };
+
     bool step() {
-        if (m_byte == m_text.size())
+        if (m_here.byte == m_text.size())
             return false;
-        m_byte += decode_character(m_text, m_byte).length;
-        ++m_position;
+        m_here.byte += decode_character(m_text, m_here.byte).length;
+        ++m_here.position;
         return true;
+    }
+
+    /// Whether eight ASCII characters follow; most of a text is read in such strides.
+    bool is_stride() const {
+        std::uint64_t bytes = 0x80;
+        if (m_text.size() - m_here.byte >= sizeof bytes)
+            std::memcpy(&bytes, m_text.data() + m_here.byte, sizeof bytes);
+        return (bytes & 0x8080808080808080U) == 0;
     }
 
     /// False when the position lies beyond the end (the end itself can be reached).
     bool seek(std::uint32_t position) {
-        if (position < m_position) {
-            m_position = 0;
-            m_byte = 0;
+        if (position < m_here.position)
+            m_here = position < m_anchor.position ? Place{} : m_anchor;
+        while (position - m_here.position >= 8 && is_stride()) {
+            m_here.position += 8;
+            m_here.byte += 8;
         }
-        while (m_position < position && step()) {
+        while (m_here.position < position && step()) {
         }
-        return m_position == position;
+        return m_here.position == position;
     }
 
     std::string_view m_text;
-    std::uint32_t m_position = 0;
-    std::size_t m_byte = 0;
+    Place m_here;
+    Place m_anchor;
 };
 
 /// Moves a span that begins `distance` characters before its word; the end follows where a letter was cut off.

@@ -79,6 +79,8 @@ TEST_F(Oanc, SpansAreRepairedOnce) {
         // Only ASCII is alphanumeric, and positions count code points.
         {"0", "2", "dog", "Ädogs", "do"},
         {"1", "3", "x", "ä\U00031234bc", "b"},
+        {"19", "23", "dog", "0123456789012345é89 dogs, cats", "dogs"},
+        {"19", "3", "x", "0123456789012345é89 dogs, cats", "dogs, cats"},
         {"1", "4", "dog", "\xFF dog", "do"},
         // Ends of the text, reversed and negative offsets.
         {"5", "9", "x", "abcde", ""},
