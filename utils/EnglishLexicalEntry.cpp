@@ -136,7 +136,7 @@ bool EnglishLexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entr
         return false;
     }
     vec_lexical_entry_representations.push_back(this);
-    map_lexical_entries.emplace(m_lemma, this);
+    map_lexical_entries.emplace_hint(end, m_lemma, this);
     return true;
 }
 

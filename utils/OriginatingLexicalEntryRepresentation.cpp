@@ -32,7 +32,7 @@ bool OriginatingLexicalEntryRepresentation::merge(
         return false;
     }
     vec_lexical_entry_representations.push_back(this);
-    map_lexical_entries.emplace(m_lemma, this);
+    map_lexical_entries.emplace_hint(end, m_lemma, this);
     return true;
 }
 
