@@ -1,0 +1,161 @@
+#include "utils/lexicon_utils/rules.h"
+
+#include "tests/temporary_directory.h"
+#include "utils/EnglishLexicalEntry.h"
+
+#include <gtest/gtest.h>
+#include <libxml++/libxml++.h>
+#include <log4cpp/Category.hh>
+#include <log4cpp/OstreamAppender.hh>
+
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+
+namespace zelvor {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+/// The rules of a list as "conclusion/premise".
+Strings texts(const std::vector<Rule*>& rules) {
+    Strings list;
+    for (const Rule* const rule : rules)
+        list.push_back(rule->get_conclusion() + "/" + rule->get_premise());
+    return list;
+}
+
+TEST(Rules, ReplaceASuffix) {
+    const char* const rows[][4] = {{"ies", "y", "party", "parties"}, {"ies", "y", "day", "daies"},
+                                   {"s", "", "cat", "cats"},         {"x", "cat", "cat", "x"},
+                                   {"", "cat", "cat", ""},           {"s", "Y", "party", ""}};
+    for (const auto& [conclusion, premise, input, expected] : rows)
+        EXPECT_EQ(Rule(conclusion, premise, nullptr).apply_rule(input), expected);
+}
+
+TEST(Rules, PlainFileGivesAListSortedByPremise) {
+    const TemporaryDirectory directory;
+    const std::string file = directory.write("rules", "s\nies y\n\na b c\nes y\n bb\r");
+    std::vector<Rule*> rules{new Rule("kept", "xx", nullptr)};
+    parse_rules(file, rules, nullptr);
+    EXPECT_EQ(texts(rules), (Strings{"a/b c", "/bb\r", "kept/xx", "ies/y", "es/y", "s/", "/"}));
+    EXPECT_TRUE(length_greater(rules[3], rules[4]) && length_greater(rules[4], rules[3]));
+    EXPECT_FALSE(length_greater(rules[5], rules[4]));
+    std::ostringstream log;
+    log4cpp::Category& category = log4cpp::Category::getInstance("RULES_TEST");
+    category.setAdditivity(false);
+    category.setAppender(new log4cpp::OstreamAppender("log", &log));
+    category.setPriority(log4cpp::Priority::INFO);
+    parse_rules(file + ".missing", rules, &category);
+    rules.push_back(nullptr);
+    Strings forms{"first"};
+    apply_rules("party", rules, forms, &category);
+    apply_rules("party", rules, forms, nullptr);
+    category.removeAllAppenders();
+    // "s" is subsumed by "ies"; the empty rule, by both.
+    EXPECT_EQ(forms, (Strings{"first", "parties", "partes", "parties", "partes"}));
+    const std::string expected[] = {" number of rules in " + file + ".missing: 7",
+                                    "number of rules: 8",
+                                    "apply rule: ies<=y on party",
+                                    "result: parties",
+                                    "application of rule successful",
+                                    "conclusion s already used. Skipping"};
+    for (std::size_t at = 0; const std::string& message : expected) {
+        at = log.str().find(message + "\n", at);
+        EXPECT_NE(at, std::string::npos) << message << " in\n" << log.str();
+    }
+    delete_rules(rules);
+    EXPECT_TRUE(rules.empty());
+}
+
+TEST(Rules, AConclusionIsUsedOnlyOnceItHasGivenAForm) {
+    Rule miss("s", "x", nullptr), hit("s", "", nullptr), again("s", "t", nullptr);
+    std::vector<Rule*> rules{&miss, &hit, &again};
+    Strings forms;
+    apply_rules("cat", rules, forms, nullptr);
+    EXPECT_EQ(forms, Strings{"cats"});
+}
+
+TEST(Rules, Subsumption) {
+    Rule longer("ies", "ry", nullptr);
+    const struct {
+        Rule rule;
+        bool expected;
+    } rows[] = {{{"s", "", nullptr}, true},     {{"es", "y", nullptr}, true}, {{"ies", "y", nullptr}, false},
+                {{"es", "ry", nullptr}, false}, {{"", "", nullptr}, true},    {{"s", "x", nullptr}, false}};
+    for (auto row : rows)
+        EXPECT_EQ(subsume_rule(&row.rule, {nullptr, &longer}), row.expected) << row.rule.get_conclusion();
+    EXPECT_FALSE(subsume_rule(nullptr, {&longer}));
+    EXPECT_TRUE(collection_ends_with("s", {"x", "ies"}));
+    EXPECT_FALSE(collection_ends_with("s", {}));
+    std::set<std::string> values;
+    insert(values, "");
+    insert(values, "a,,b");
+    EXPECT_EQ(values, (std::set<std::string>{"", "a", "b"}));
+}
+
+/// Frees what parse_rules_features has made.
+void free_rules(RuleMap& map) {
+    for (const auto& [pos, sets] : map) {
+        for (std::vector<Rule*>* const rules : *sets) {
+            delete_rules(*rules);
+            delete rules;
+        }
+        delete sets;
+    }
+}
+
+TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
+    const TemporaryDirectory directory;
+    RuleMap map;
+    parse_rules_features(directory.write("rules.xml", R"(<!DOCTYPE r [<!ENTITY s SYSTEM "../x">]><r><!-- --><other/>
+<part_of_speech name="NN"><set>text<rules><r premise="y" conclusion="ies"/><r conclusion="s"/></rules><ignored/>
+<features><f name="NUMERUS" value="PL"/><f name="NUMERUS" value="no"/><f name="CASE" value="C"/><f name="odd" value="x"/></features>
+<features><f name="WFPOS" value="NNS"/><f name="PERSON" value="3"/><f name="MOOD" value="M"/><f name="TENSE" value="T"/>
+<f name="COMPARISON_DEGREE" value="D"/></features></set></part_of_speech>
+<part_of_speech name="NN"><set><rules><r conclusion="never"/></rules><features/></set></part_of_speech>
+<part_of_speech name="VB"><set><rules><r conclusion="bare"/></rules></set></part_of_speech></r>)"),
+                         map);
+    ASSERT_EQ(map.size(), 2U);
+    EnglishLexicalEntry party("party", "party", "NN");
+    party.set_lemma_pos("NN");
+    party.set_semtype("event");
+    std::vector<EnglishLexicalEntry*> output;
+    apply_rules_features(party, output, map, "lr", "wr,wr2", "", "ls", "ws", "ps", true);
+    ASSERT_EQ(output.size(), 2U);
+    EXPECT_EQ(output[0]->to_string() + output[1]->to_string(),
+              "parties\tparty\tNN\tNN\tws\tls\tps\tC\t\t\t\tPL\t\t\tevent\nparties\tparty\tNN\tNNS\tws\tls\tps\t\t\t\t"
+              "\t\t3\tT\tevent\n");
+    EXPECT_EQ(output[1]->get_mood() + output[1]->get_comparison_degree(), "MD");
+    EXPECT_TRUE(output[0]->contains_originating_lemmas("lr") && output[0]->contains_originating_word_forms("wr2") &&
+                output[0]->contains_originating_pos(""));
+    party.set_lemma_pos("VB"); // a rule without features makes nothing
+    apply_rules_features_with_sources(party, output, map, {}, {}, {}, {}, {}, {}, false);
+    party.set_lemma_pos("JJ"); // no rules at all
+    apply_rules_features_with_sources(party, output, map, {}, {}, {}, {}, {}, {}, false);
+    EXPECT_EQ(output.size(), 2U);
+    const Rule& rule = *(*map.at("NN")->begin())->front();
+    EXPECT_EQ(rule.feature_vector_size(), 2);
+    EXPECT_THROW(rule.fill_features(party, 2), std::out_of_range);
+    EXPECT_THROW(rule.fill_features(party, -1), std::out_of_range);
+    const Rule plain("s", "", nullptr);
+    EXPECT_EQ(plain.feature_vector_size(), 0);
+    EXPECT_NO_THROW(plain.fill_features(party, 7));
+    for (const EnglishLexicalEntry* const entry : output)
+        delete entry;
+    free_rules(map);
+}
+
+TEST(RulesWithFeatures, UnreadableFilesAreEmptyAndBadXmlThrows) {
+    const TemporaryDirectory directory;
+    RuleMap map;
+    parse_rules_features(directory.path("missing"), map);
+    parse_rules_features(directory.path(), map);
+    EXPECT_THROW(parse_rules_features(directory.write("bad", "<r><part_of_speech name='x'>"), map), xmlpp::exception);
+    EXPECT_THROW(parse_rules_features(directory.write("empty", ""), map), xmlpp::exception);
+    parse_rules_features(directory.write("other", "<html><body/></html>"), map);
+    EXPECT_TRUE(map.empty());
+}
+
+} // namespace
+} // namespace zelvor
