@@ -58,7 +58,11 @@ double seconds_each(std::size_t count, Work work) {
 }
 
 void report(const char* what, double ours, const char* rival, double theirs) {
-    std::printf("%-34s %11.3f us   %-16s %11.3f us   %8.1f\n", what, ours * 1e6, rival, theirs * 1e6, theirs / ours);
+    if (std::isnan(theirs)) // the rival never ends
+        std::printf("%-34s %11.3f us\n", what, ours * 1e6);
+    else
+        std::printf("%-34s %11.3f us   %-16s %11.3f us   %8.1f\n", what, ours * 1e6, rival, theirs * 1e6,
+                    theirs / ours);
 }
 
 /// Every step-th word with one letter replaced.

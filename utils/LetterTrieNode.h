@@ -82,7 +82,8 @@ public:
     int lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                             FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end);
     /// As above; besides, before the first character that is kept or substituted, a skipped one may be a boundary after
-    /// which the search starts afresh at proot_node (null: the root). The stack is left as it came.
+    /// which the search starts afresh at proot_node (null: the root). Its time is always exponential in the budget. The
+    /// stack is left as it came.
     int lookup_string_fuzzy_segment(const Glib::ustring& str, unsigned int current_index, double tolerance,
                                     FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end,
                                     std::stack<LetterTrieNode*>& stack_letter_trie_node, LetterTrieNode* proot_node);
