@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <sstream>
+#include <tuple>
 
 namespace zelvor {
 namespace {
@@ -84,31 +85,17 @@ TEST(LetterTrie, SearchesASortedVector) {
 
 TEST(LetterTrie, LooksUpWholeStringsAndProperPrefixes) {
     const std::string nul("a\0b", 3);
-    const struct {
-        Words stored;
-        std::string str;
-        unsigned int from;
-        int found, prefix;
-    } rows[] = {
-        {{"abc"}, "abc", 0, 1, -1},
-        {{"abc", "ab"}, "abc", 0, 1, 2},
-        {{"abc", "ab", ""}, "abc", 0, 1, 0},
-        {{"abc"}, "xabcd", 1, 0, 4},
-        {{}, "", 0, 0, -1},
-        {{""}, "", 0, 1, 0},
-        {{""}, "a", 7, 1, 7},
-        {{"a"}, "a", 7, 0, -1},
-        {{"a", "A", "\xC3\xA1", "\x01"}, "\x01\x02", 0, 0, 1}, // code points that share their low bits
-        {{nul}, nul, 0, 1, -1},
-        {{"a\xC3"}, "a\xEF\xBF\xBD", 0, 1, -1}, // a truncated character is U+FFFD, one for each byte
-        {{"\xE1\xBF"}, "\xE1\xBFz", 0, 0, 2},
-        {{"\xC2\xB2", "\xC3\xA9"}, "2", 0, 0, -1}, // no normalisation
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row.stored) + " " + testing::PrintToString(row.str));
-        Trie trie(row.stored);
-        EXPECT_EQ(trie.root.lookup_string(row.str, row.from), row.found);
-        EXPECT_EQ(trie.root.lookup_string_prefix(row.str, row.from), row.prefix);
+    // A whole string is no prefix of itself; a truncated character is one U+FFFD for each byte; nothing is normalised.
+    using Row = std::tuple<Words, std::string, unsigned int, int, int>; // stored, input, from, found, prefix
+    for (const auto& [stored, str, from, found, prefix] :
+         {Row({"abc"}, "abc", 0, 1, -1), Row({"abc", "ab"}, "abc", 0, 1, 2), Row({"abc", "ab", ""}, "abc", 0, 1, 0),
+          Row({"abc"}, "xabcd", 1, 0, 4), Row({}, "", 0, 0, -1), Row({""}, "", 0, 1, 0), Row({""}, "a", 7, 1, 7),
+          Row({"a"}, "a", 7, 0, -1), Row({"a", "A", "\xC3\xA1", "\x01"}, "\x01\x02", 0, 0, 1),
+          Row({nul}, nul, 0, 1, -1), Row({"a\xC3"}, "a\xEF\xBF\xBD", 0, 1, -1), Row({"\xE1\xBF"}, "\xE1\xBFz", 0, 0, 2),
+          Row({"\xC2\xB2", "\xC3\xA9"}, "2", 0, 0, -1)}) {
+        Trie trie(stored);
+        EXPECT_EQ(trie.root.lookup_string(str, from), found) << testing::PrintToString(stored) << str;
+        EXPECT_EQ(trie.root.lookup_string_prefix(str, from), prefix) << testing::PrintToString(stored) << str;
     }
 }
 
@@ -188,9 +175,8 @@ TEST(LetterTrie, HoldsAndSearchesAVeryLongString) {
 }
 
 TEST(LetterTrieFree, SmallFunctions) {
-    EXPECT_EQ(min_positive(3, -1, 4, 2), 2);
-    EXPECT_EQ(min_positive(2, -1, -1), -1);
-    EXPECT_EQ(min_positive(3, 0, -1, -5), -5);
+    EXPECT_EQ(std::vector({min_positive(3, -1, 4, 2), min_positive(2, -1, -1), min_positive(3, 0, -1, -5)}),
+              std::vector({2, -1, -5}));
     LetterTrieNode a('a'), b('b');
     std::map<LetterTrieNode*, int> counts{{&a, 1}};
     EXPECT_TRUE(HashFunctor(&counts)(&b, &a) && !HashFunctor(&counts)(&a, &b) && counts.count(&b)); // b counts 0
@@ -320,35 +306,22 @@ TEST(LetterTrieFuzzy, AgreesWithTheStepwiseReadingOnRandomTries) {
 TEST(LetterTrieFuzzy, FindsKnownCases) {
     std::map<Glib::ustring, double> weights{{"ax", 0.5}};
     const std::string nul("\0a", 2);
-    const struct {
-        Words stored;
-        std::string str;
-        unsigned int from;
-        double tolerance;
-        unsigned int threshold;
-        int steps;
-        std::map<std::string, std::string> result;
-    } rows[] = {
-        {{"abc"}, "abc", 0, 1.0, 0, 0, {{"abc", "1"}}},
-        {{"abc"}, "axc", 0, 1.0, 0, 1, {{"abc", "0.5"}}}, // a, not b, is held against x
-        {{"abc"}, "bac", 0, 1.0, 0, 1, {{"abc", "0"}}},
-        {{"abc"}, "xbc", 0, 1.0, 2, -1, {}},
-        {{"abc"}, "xxabc", 2, 0.0, 0, 0, {{"abc", "0"}}},
-        {{"ab", "abc"}, "ab", 0, 1.0, 0, 0, {{"ab", "1"}}}, // the match ends the path
-        {{"abc", "x"}, "", 0, INF, 0, 1, {{"abc", "inf"}, {"x", "inf"}}},
-        {{"ab"}, "ba", 9, 2.0, 9, 2, {{"ab", "0"}}}, // from beyond the end: insertions only
-        {{"ab"}, "ab", 0, NOT_A_NUMBER, 0, 0, {{"ab", "nan"}}},
-        {{"ab"}, "zzz", 0, 1e12, 0, 3, {{"ab", "999999999997"}}},
-        {{nul}, "a\xC3", 0, 2.0, 0, 2, {{nul, "0"}}},
-        {{"m2", "m\xC2\xB2"}, "m2", 0, 1.0, 0, 0, {{"m2", "1"}, {"m\xC2\xB2", "0"}}}, // two strings
-    };
-    for (const auto& row : rows) {
-        const WeightGuard guard(row.str == "axc" ? &weights : nullptr);
+    using Result = std::map<std::string, std::string>;
+    // A match ends its path; from beyond the end there are only insertions; m2 and m² are two strings.
+    // stored, input, from, tolerance, threshold, steps, budgets left
+    using Row = std::tuple<Words, std::string, unsigned int, double, unsigned int, int, Result>;
+    for (const auto& [stored, str, from, tolerance, threshold, steps, result] :
+         {Row({"abc"}, "abc", 0, 1.0, 0, 0, {{"abc", "1"}}), Row({"abc"}, "axc", 0, 1.0, 0, 1, {{"abc", "0.5"}}),
+          Row({"abc"}, "bac", 0, 1.0, 0, 1, {{"abc", "0"}}), Row({"abc"}, "xbc", 0, 1.0, 2, -1, {}),
+          Row({"abc"}, "xxabc", 2, 0.0, 0, 0, {{"abc", "0"}}), Row({"ab", "abc"}, "ab", 0, 1.0, 0, 0, {{"ab", "1"}}),
+          Row({"abc", "x"}, "", 0, INF, 0, 1, {{"abc", "inf"}, {"x", "inf"}}),
+          Row({"ab"}, "ba", 9, 2.0, 9, 2, {{"ab", "0"}}), Row({"ab"}, "ab", 0, NOT_A_NUMBER, 0, 0, {{"ab", "nan"}}),
+          Row({"ab"}, "zzz", 0, 1e12, 0, 3, {{"ab", "999999999997"}}), Row({nul}, "a\xC3", 0, 2.0, 0, 2, {{nul, "0"}}),
+          Row({"m2", "m\xC2\xB2"}, "m2", 0, 1.0, 0, 0, {{"m2", "1"}, {"m\xC2\xB2", "0"}})}) {
+        const WeightGuard guard(str == "axc" ? &weights : nullptr); // a, not b, is held against x
         Set set;
-        EXPECT_EQ(Trie(row.stored).root.lookup_string_fuzzy(row.str, row.from, row.tolerance, set, row.threshold, 1),
-                  row.steps)
-            << row.str;
-        EXPECT_EQ(contents(set), row.result) << row.str;
+        EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy(str, from, tolerance, set, threshold, 1), steps) << str;
+        EXPECT_EQ(contents(set), result) << str;
         LetterTrieNode::delete_mem(&set);
     }
 }
@@ -371,22 +344,15 @@ TEST(LetterTrieSegment, AgreesWithTheStepwiseReadingOnRandomTries) {
 }
 
 TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {
-    const struct {
-        Words stored;
-        std::string str;
-        unsigned int from;
-        std::vector<Words> splittings;
-    } rows[] = {
-        {{"haus", "boot"}, "hausboot", 0, {{"haus", "boot"}}},
-        {{"ab", "cd"}, "abcd", 0, {}}, // a first word needs three characters
-        {{"abc", "d"}, "abcd", 0, {}}, // a last word needs two
-        {{"abc"}, "xxabc", 2, {{"abc"}}},
-        {{"", "abc"}, "", 0, {}},
-        {{"abcd", "ef", "abc", "def", "abcdef", "xyz"}, "abcdefxyz", 0, {{"abcdef", "xyz"}, {"abc", "def", "xyz"}}},
-        {{"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {}},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(take(Trie(row.stored).root.segment_sorted(row.str, row.from)), row.splittings) << row.str;
+    // A first word needs three characters, a last one two.
+    using Row = std::tuple<Words, std::string, unsigned int, std::vector<Words>>; // stored, input, from, splittings
+    for (const auto& [stored, str, from, splittings] :
+         {Row({"haus", "boot"}, "hausboot", 0, {{"haus", "boot"}}), Row({"ab", "cd"}, "abcd", 0, {}),
+          Row({"abc", "d"}, "abcd", 0, {}), Row({"abc"}, "xxabc", 2, {{"abc"}}), Row({"", "abc"}, "", 0, {}),
+          Row({"abcd", "ef", "abc", "def", "abcdef", "xyz"}, "abcdefxyz", 0,
+              {{"abcdef", "xyz"}, {"abc", "def", "xyz"}}),
+          Row({"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {})})
+        EXPECT_EQ(take(Trie(stored).root.segment_sorted(str, from)), splittings) << str;
     EXPECT_EQ(Trie({"abc"}).root.segment("abc", 7, nullptr, 0), nullptr);
 }
 
