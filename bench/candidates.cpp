@@ -59,17 +59,17 @@ void time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::A
     std::cout << "loading " << model.get_num_ngrams() << " n-grams: " << loading << " ms, "
               << double(memory) / double(model.get_num_ngrams()) << " bytes each\n";
 
-    constexpr int SENTENCES = 100'000;
+    constexpr int num_sentences = 100'000;
     std::mt19937 random(2);
     std::vector<unsigned int> words(12, zelvor::VOCAB_NONE);
     zelvor::TextStats stats;
     const auto scoring = std::chrono::steady_clock::now();
-    for (int i = 0; i < SENTENCES; ++i) {
+    for (int i = 0; i < num_sentences; ++i) {
         for (std::size_t k = 0; k < 11; ++k)
             words[k] = static_cast<unsigned int>(random() % vocab.size());
         model.sentence_log_prob(words.data(), stats);
     }
-    std::cout << "scoring 11 words: " << milliseconds_since(scoring) * 1000 / SENTENCES << " us (log10 "
+    std::cout << "scoring 11 words: " << milliseconds_since(scoring) * 1000 / num_sentences << " us (log10 "
               << stats.log10_prob << ")\n";
 }
 
@@ -83,14 +83,14 @@ void time_selection(zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
         if (i % 2)
             previous.push_back("verbum" + std::to_string(i));
     }
-    constexpr int ROUNDS = 10'000;
+    constexpr int num_rounds = 10'000;
     std::size_t length = 0;
     auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < ROUNDS; ++i)
+    for (int i = 0; i < num_rounds; ++i)
         length += zelvor::select_lemma(previous, lexicon_lemmas, predicted.begin(), predicted.end(), &vocab, &model,
                                        "la", nullptr)
                       .size();
-    std::cout << "select_lemma, 20 candidates after 10 lemmas: " << milliseconds_since(start) * 1000 / ROUNDS
+    std::cout << "select_lemma, 20 candidates after 10 lemmas: " << milliseconds_since(start) * 1000 / num_rounds
               << " us\n";
 
     std::multimap<std::string, zelvor::BaseLexicalEntry*> lexicon;

@@ -37,7 +37,7 @@ private:
     HashIndex m_index;
 };
 
-/// N-grams of all orders as nodes: an n-gram is its first n - 1 words' node and its last word. About 24 bytes each.
+/// N-grams of all orders as nodes: an n-gram is its first n - 1 words' node and its last word. About 30 bytes each.
 class NgramTable {
 public:
     static constexpr std::uint32_t NONE = HashIndex::NONE;

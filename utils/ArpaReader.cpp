@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <fstream>
+#include <limits>
 
 namespace zelvor {
 
@@ -21,7 +22,7 @@ bool read_number(std::string_view text, float& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size())
         return false;
-    number = value == -INFINITY ? -99.0F : static_cast<float>(value);
+    number = value == -std::numeric_limits<double>::infinity() ? -99.0F : static_cast<float>(value);
     return std::isfinite(number);
 }
 

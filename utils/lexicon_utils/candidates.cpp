@@ -154,7 +154,7 @@ void combine_lemmas(CandidateIterator iter_begin_predicted, CandidateIterator it
     }
     if (language == "la" && lexicon_lemmas.contains("sum") &&
         std::ranges::find(intersection_lemmas, "sum") == intersection_lemmas.end())
-        intersection_lemmas.push_back("sum"); // every form of "esse" is a form of "sum"
+        intersection_lemmas.emplace_back("sum"); // every form of "esse" is a form of "sum"
     if (!intersection_lemmas.empty())
         return;
     if (lexicon_lemmas.empty())
