@@ -132,6 +132,7 @@ TEST_F(ExternalPrograms, SurviveWhateverComesBack) {
         {"printf ' \\n   \\namat\\n'", ""},
         {"printf 'amat a||1\\r\\n'", "a=1 "},
         {"printf 'amat a||1 \\0 b||2\\namat \\377||-3e999'", "a=1 \xFF=-1.79769e+308 "},
+        {"printf 'amat '; head -c 10000000 /dev/zero | tr '\\0' x; echo ' b||2'", "b=2 "},
         {"head -c 100000 /dev/zero", ""},
         {"head -c 1000000 /dev/zero | tr '\\0' ' '", ""}};
     for (const auto& [commands, expected] : rows) {
@@ -140,13 +141,8 @@ TEST_F(ExternalPrograms, SurviveWhateverComesBack) {
         call_lemmatizer(t, nullptr, {}, quiet + program, "m", "s", containers, nullptr);
         EXPECT_EQ(lemmas(amat), expected) << commands;
     }
-    const std::string longest(10'000'000, 'x');
-    directory.write("answer", "amat " + longest + "||1 b||" + longest + " " + longest + "\n");
-    script("lemmatizer", "cat " + t + "/answer");
-    amat = WordFormContainer();
-    call_lemmatizer(t + "/missing", nullptr, {"amat"}, program, "m", "s", containers, nullptr);
+    call_lemmatizer(t + "/missing", nullptr, {"amat"}, quiet + program, "m", "s", containers, nullptr);
     call_lemmatizer(t, nullptr, {"amat"}, quiet + t + "/missing", "m", "s", containers, nullptr);
-    EXPECT_EQ(lemmas(amat), longest + "=1 b=0 ");
     output();
 }
 
