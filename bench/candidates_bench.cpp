@@ -1,6 +1,6 @@
-#include "utils/lexicon_utils/candidates.h"
 #include "utils/ArpaLM.h"
 #include "utils/BaseLexicalEntry.h"
+#include "utils/lexicon_utils/candidates.h"
 
 #include <chrono>
 #include <fstream>
@@ -13,7 +13,7 @@
 #include <malloc.h>
 
 /// Times the language model and the choice of candidates on generated data:
-///     bench_candidates [N-GRAMS] [FILE]
+///     candidates_bench [N-GRAMS] [FILE]
 /// FILE keeps the generated trigram model.
 namespace {
 
@@ -113,7 +113,7 @@ void time_selection(zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
 
 int main(int argc, char** argv) {
     const std::size_t num_ngrams = argc > 1 ? std::stoul(argv[1]) : 1'000'000;
-    const std::string filename = argc > 2 ? argv[2] : "/tmp/bench_candidates.arpa";
+    const std::string filename = argc > 2 ? argv[2] : "/tmp/candidates_bench.arpa";
     write_model(filename, num_ngrams);
     zelvor::ArpaVocab vocab;
     zelvor::ArpaLM model(vocab);
