@@ -94,17 +94,6 @@ TEST(Rules, Subsumption) {
     EXPECT_EQ(values, (std::set<std::string>{"", "a", "b"}));
 }
 
-/// Frees what parse_rules_features has made.
-void free_rules(RuleMap& map) {
-    for (const auto& [pos, sets] : map) {
-        for (std::vector<Rule*>* const rules : *sets) {
-            delete_rules(*rules);
-            delete rules;
-        }
-        delete sets;
-    }
-}
-
 TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
     const TemporaryDirectory directory;
     RuleMap map;
@@ -143,7 +132,6 @@ TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
     EXPECT_NO_THROW(plain.fill_features(party, 7));
     for (const EnglishLexicalEntry* const entry : output)
         delete entry;
-    free_rules(map);
 }
 
 TEST(RulesWithFeatures, UnreadableFilesAreEmptyAndBadXmlThrows) {
