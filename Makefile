@@ -8,7 +8,7 @@ help:
 	@echo "make run      install what is missing, build, convert examples/corpus (or INPUT=path OUTPUT=file)"
 	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
 	@echo "make lint     clang-format and clang-tidy over all sources"
-	@echo "make bench    time the converter beside its yardsticks"
+	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make install  build and install the library, its headers and the tool (PREFIX=/usr/local)"
 	@echo "make clean    remove build/"
 
@@ -35,6 +35,7 @@ lint: setup
 bench: build
 	@scripts/setup.sh packages-bench.txt
 	@bench/converter.sh
+	@bench/library.sh
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")

@@ -6,4 +6,5 @@ install(TARGETS zelvor zelvor_converter TaggerFormatConverter
 install(DIRECTORY tools training utils
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor
     FILES_MATCHING PATTERN "*.h")
-install(FILES README.md CHANGELOG.md docs/formats.md docs/candidates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md")

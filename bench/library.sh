@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Builds and runs the benchmark programs of the library, one after another.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+cmake --preset release -DZELVOR_BENCH=ON >/dev/null
+cmake --build --preset release -- -j2 >/dev/null
+for program in build/release/bench/*_bench; do
+    printf '\n== %s\n' "${program##*/}"
+    "$program"
+done
