@@ -1,28 +1,13 @@
 #include "training/CrfTrainingTeiSaxParser.h"
 
+#include "training/tags.h"
+
 #include <log4cpp/Category.hh>
 
-#include <algorithm>
 #include <iostream>
 #include <set>
 
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader
-
 namespace zelvor {
-
-namespace {
-
-constexpr std::string_view PUNCTUATION_TAGS[][2] = {{",", "$,"}, {".", "$."}, {"(", "$("},  {")", "$("},
-                                                    {"[", "$("}, {"]", "$("}, {"\"", "$("}, {"'", "$("}};
-
-/// Drops the character at each end and turns single quotes into the double ones of JSON.
-void unwrap_json(std::string& text) {
-    text.pop_back();
-    text.erase(0, 1);
-    std::ranges::transform(text, text.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
-}
-
-} // namespace
 
 CrfTrainingTeiSaxParser::CrfTrainingTeiSaxParser(log4cpp::Category* pmain_cat,
                                                  const std::map<int, LexicalEntry*>* pmap_plex_entry)
@@ -70,29 +55,23 @@ void CrfTrainingTeiSaxParser::on_end_element(const Glib::ustring& name) {
 
 void CrfTrainingTeiSaxParser::end_word() {
     if (m_lemma_json.size() > 1) {
-        unwrap_json(m_lemma_json);
+        unwrap_analysis(m_lemma_json);
         const Analysis& analysis = m_analysis_reader.read(m_json_reader, m_lemma_json);
         if (analysis.outcome == Analysis::Outcome::UNPARSABLE) {
             std::cerr << "Failed to parse " << m_lemma_json << std::endl;
             return; // kept: the token state is not reset here, so that text up to the next token is still gathered
         }
         if (analysis.outcome == Analysis::Outcome::FOUND) {
-            if (const LexicalEntry* const entry = find_entry(analysis.id)) {
-                const std::string pos = entry->get_pos();
-                add_entry(analysis.lemma, pos == "Noun" ? entry->get_lemma_pos() : pos);
-            }
+            if (const LexicalEntry* const entry = find_entry(analysis.id))
+                add_entry(analysis.lemma, word_tag(entry->get_pos(), entry->get_lemma_pos()));
         }
     }
     reset_token();
 }
 
 void CrfTrainingTeiSaxParser::end_punctuation() {
-    for (const auto& [mark, tag] : PUNCTUATION_TAGS) {
-        if (m_chars == mark) {
-            add_entry(m_chars, std::string(tag));
-            break;
-        }
-    }
+    if (const std::string_view tag = punctuation_tag(m_chars); !tag.empty())
+        add_entry(m_chars, std::string(tag));
     reset_token();
 }
 

@@ -8,7 +8,6 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace log4cpp {
@@ -43,6 +42,9 @@ public:
     void clear_lexical_entries();
 
 protected:
+    /// The end of a token: text is no longer gathered.
+    void reset_token();
+
     bool m_is_word_node = false;
     std::string m_lemma_json;
     std::string m_chars;
@@ -57,15 +59,13 @@ protected:
     const std::map<int, LexicalEntry*>* m_pmap_plex_entry;
     std::vector<LexicalEntry*>* m_pvec_plexical_entry_representation = nullptr;
     std::vector<std::vector<LexicalEntry*>*> m_vec_pvec_lexical_entry_representation;
+    AnalysisReader m_analysis_reader;
 
 private:
     void end_word();
     void end_punctuation();
-    void reset_token();
     const LexicalEntry* find_entry(int id) const;
     void add_entry(const std::string& lemma, const std::string& pos);
-
-    AnalysisReader m_analysis_reader;
 };
 
 } // namespace zelvor

@@ -2,6 +2,7 @@
 
 #include <json/json.h>
 
+#include <algorithm>
 #include <exception>
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader: its rules of what is JSON are wanted
@@ -36,6 +37,12 @@ Analysis parse(Json::Reader& json_reader, const std::string& json) {
 }
 
 } // namespace
+
+void unwrap_analysis(std::string& json) {
+    json.pop_back();
+    json.erase(0, 1);
+    std::ranges::transform(json, json.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
+}
 
 const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& json) {
     if (const auto known = m_known.find(json); known != m_known.end())

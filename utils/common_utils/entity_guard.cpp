@@ -58,14 +58,13 @@ struct EntityGuard::Loader {
             return nullptr;
         if (!guard.m_document_opened) {
             guard.m_document_opened = true;
-            return xmlNewInputFromFile(context, as_path(guard.m_document).c_str());
+            return xmlNewInputFromFile(context, guard.m_is_standard_input ? "-" : as_path(guard.m_document).c_str());
         }
         const std::string path = local_path(address);
         if (!guard.m_folder.empty() && path.starts_with(guard.m_folder) && is_regular_file(path))
             return xmlNewInputFromFile(context, path.c_str());
-        if (guard.m_pcat)
-            guard.m_pcat->error(guard.m_document + ": external entity not read, it is no regular file below the " +
-                                "document's folder: " + std::string(address));
+        guard.m_refused(guard.m_document + ": external entity not read, it is no regular file below the document's " +
+                        "folder: " + std::string(address));
         return nullptr;
     }
 
@@ -74,7 +73,17 @@ struct EntityGuard::Loader {
 };
 
 EntityGuard::EntityGuard(const std::string& document, log4cpp::Category* pcat)
-    : m_document(document), m_folder(folder_of(document)), m_pcat(pcat), m_pprevious_guard(current_guard),
+    : EntityGuard(document, [pcat](const std::string& message) {
+          if (pcat)
+              pcat->error(message);
+      }) {}
+
+EntityGuard::EntityGuard(const std::string& document, Listener refused)
+    : EntityGuard(document, std::move(refused), false) {}
+
+EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_standard_input)
+    : m_document(document), m_folder(is_standard_input ? "" : folder_of(document)), m_refused(std::move(refused)),
+      m_is_standard_input(is_standard_input), m_pprevious_guard(current_guard),
       m_pprevious_loader(reinterpret_cast<void*>(xmlGetExternalEntityLoader())) {
     current_guard = this;
     xmlSetExternalEntityLoader(&Loader::load);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace log4cpp {
 class Category;
@@ -10,12 +12,19 @@ namespace zelvor {
 
 /// While it lives, the XML parser opens nothing but the document itself and, as external entities, regular local files
 /// at or below the document's own folder (links and ".." resolved). Everything else, network addresses, devices and
-/// pipes included, is refused: its text is missing, and the log gets one error record that names document and entity.
+/// pipes included, is refused: its text is missing, and the log or the listener gets one message that names document
+/// and entity.
 /// The loader that was installed before comes back afterwards. Process-wide state: one parse at a time.
 class EntityGuard {
 public:
     /// Make one for each document, directly before it is parsed. pcat may be null and must outlive the guard.
     EntityGuard(const std::string& document, log4cpp::Category* pcat);
+
+    using Listener = std::function<void(const std::string& message)>;
+    EntityGuard(const std::string& document, Listener refused);
+    /// The document is standard input, whatever name the parser is given. It has no folder, and so no external entity.
+    static EntityGuard for_standard_input(Listener refused) { return {"standard input", std::move(refused), true}; }
+
     ~EntityGuard();
     EntityGuard(const EntityGuard&) = delete;
     EntityGuard& operator=(const EntityGuard&) = delete;
@@ -23,9 +32,12 @@ public:
 private:
     struct Loader;
 
+    EntityGuard(const std::string& document, Listener refused, bool is_standard_input);
+
     std::string m_document;
     std::string m_folder; ///< real path, ending in "/"; empty when it cannot be resolved
-    log4cpp::Category* m_pcat;
+    Listener m_refused;
+    bool m_is_standard_input;
     bool m_document_opened = false;
     EntityGuard* m_pprevious_guard;
     void* m_pprevious_loader;
