@@ -1,5 +1,5 @@
-# cmake --install: the tool, the libraries, and the headers below include/zelvor/.
-install(TARGETS zelvor zelvor_converter TaggerFormatConverter
+# cmake --install: the tools, the libraries, and the headers below include/zelvor/.
+install(TARGETS zelvor zelvor_converter TaggerFormatConverter tei2crf
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})

@@ -1,5 +1,6 @@
 #include "tools/TaggerFormatConverter.h"
 
+#include "tools/tei_inputs.h"
 #include "training/CrfTrainingTeiSaxParser.h"
 #include "utils/LexicalEntry.h"
 #include "utils/common_utils/entity_guard.h"
@@ -96,8 +97,6 @@ void write_sentences(const std::vector<std::vector<LexicalEntry*>*>& sentences, 
         out << std::endl;
     }
 }
-
-bool is_tei_name(const std::string& path) { return vends_with(path, ".tei") || vends_with(path, ".xml"); }
 
 } // namespace
 

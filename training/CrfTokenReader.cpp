@@ -1,0 +1,207 @@
+#include "training/CrfTokenReader.h"
+
+#include "training/tags.h"
+#include "utils/common_utils/entity_guard.h"
+#include "utils/common_utils/text.h"
+
+#include <glibmm/exception.h>
+#include <libxml/SAX2.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zelvor {
+
+namespace {
+
+/// Tokens of a closed sentence that wait for the next sentence are written once they are as many bytes.
+constexpr std::size_t ENOUGH_TO_WRITE = 65536;
+
+/// Why a path cannot be read; empty for any readable file, a pipe included.
+std::string fault_of(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0 || faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
+        return std::strerror(errno);
+    return S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "";
+}
+
+ConversionReport::Count reason_of(Analysis::Outcome outcome) {
+    switch (outcome) {
+    case Analysis::Outcome::UNPARSABLE:
+        return ConversionReport::NOT_JSON;
+    case Analysis::Outcome::WRONG_SHAPE:
+        return ConversionReport::OTHER_JSON;
+    case Analysis::Outcome::FOUND:
+        return ConversionReport::UNKNOWN_ID;
+    case Analysis::Outcome::ABSENT:
+        break;
+    }
+    return ConversionReport::NO_ANALYSIS;
+}
+
+} // namespace
+
+CrfTokenReader::CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat& format, ConversionReport& report,
+                               Listener listener)
+    : CrfTrainingTeiSaxParser(nullptr, nullptr), m_lexicon(lexicon), m_format(format), m_report(report),
+      m_listener(std::move(listener)) {
+    set_substitute_entities(true);
+}
+
+void CrfTokenReader::read_file(const std::string& path) {
+    parse(path, [&] {
+        const EntityGuard guard(path, [this](const std::string& message) {
+            ++m_report[ConversionReport::ENTITIES_REFUSED];
+            m_listener.fault(0, message);
+        });
+        parse_file(path);
+    });
+}
+
+void CrfTokenReader::read_standard_input() {
+    parse("", [&] {
+        const EntityGuard guard = EntityGuard::for_standard_input([this](const std::string& message) {
+            ++m_report[ConversionReport::ENTITIES_REFUSED];
+            m_listener.fault(0, message);
+        });
+        parse_file("-");
+    });
+}
+
+void CrfTokenReader::parse(const std::string& path, const std::function<void()>& run) {
+    m_path = path;
+    m_errors = 0;
+    std::string fault = path.empty() ? "" : fault_of(path);
+    if (fault.empty()) {
+        try {
+            run();
+        } catch (const xmlpp::parse_error&) { // reported already, or but a warning
+        } catch (const xmlpp::exception& error) {
+            fault = error.what();
+        } catch (const Glib::Exception& error) {
+            fault = error.what().raw();
+        }
+    }
+    finish_sentence();
+    m_is_in_text = false;
+    m_depth = 0;
+    if (!fault.empty())
+        m_listener.fault(0, fault);
+    ++m_report[fault.empty() && m_errors == 0 ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
+}
+
+void CrfTokenReader::on_start_element(const Glib::ustring& name, const AttributeList& attributes) {
+    if (name.raw() == "s")
+        begin_sentence();
+    else
+        CrfTrainingTeiSaxParser::on_start_element(name, attributes);
+}
+
+void CrfTokenReader::on_end_element(const Glib::ustring& name) {
+    const std::string& element = name.raw();
+    if (element == "w")
+        end_word();
+    else if (element == "c")
+        end_punctuation();
+    else if (element == "s")
+        end_sentence();
+}
+
+void CrfTokenReader::on_error(const Glib::ustring& text) {
+    if (m_errors++ == 0) // later ones mostly follow from the first
+        m_listener.fault(line(), std::string(trimmed(text.raw())));
+}
+
+void CrfTokenReader::on_fatal_error(const Glib::ustring& text) { on_error(text); }
+
+void CrfTokenReader::begin_sentence() {
+    finish_sentence();
+    m_is_in_text = true;
+    ++m_depth;
+}
+
+void CrfTokenReader::end_sentence() {
+    ++m_sentence.ends;
+    --m_depth;
+}
+
+void CrfTokenReader::finish_sentence() {
+    if (m_sentence.ends == 0 && m_sentence.tokens > 0) {
+        m_report[ConversionReport::OUTSIDE_SENTENCE] += m_sentence.tokens;
+        if (m_listener.left_out)
+            m_listener.left_out(ConversionReport::OUTSIDE_SENTENCE, line(),
+                                "all " + std::to_string(m_sentence.tokens) + " tokens of the sentence before");
+    }
+    m_report[ConversionReport::SENTENCES] += m_sentence.ends;
+    m_report[ConversionReport::TOKENS_WRITTEN] += m_sentence.ends * m_sentence.tokens;
+    m_report[ConversionReport::TOKENS_REPLACED] += m_sentence.ends * m_sentence.replaced;
+    m_sentence.lines += '\n';
+    for (; m_sentence.ends > 0; --m_sentence.ends)
+        m_listener.write(m_sentence.lines);
+    m_sentence.lines.clear();
+    m_sentence.tokens = m_sentence.replaced = 0;
+}
+
+void CrfTokenReader::end_word() {
+    if (m_lemma_json.size() <= 1) {
+        leave_out(ConversionReport::NO_ANALYSIS);
+    } else {
+        unwrap_analysis(m_lemma_json);
+        const Analysis& analysis = m_analysis_reader.read(m_json_reader, m_lemma_json);
+        const bool has_id = analysis.outcome == Analysis::Outcome::FOUND;
+        if (const std::string* const tag = has_id ? m_lexicon.find(analysis.id) : nullptr)
+            add_token(m_chars, analysis.lemma, *tag);
+        else
+            leave_out(reason_of(analysis.outcome), has_id ? std::to_string(analysis.id) : m_lemma_json);
+        if (analysis.outcome == Analysis::Outcome::UNPARSABLE)
+            return; // as in the base
+    }
+    reset_token();
+}
+
+void CrfTokenReader::end_punctuation() {
+    if (const std::string_view tag = punctuation_tag(m_chars); !tag.empty())
+        add_token(m_chars, m_chars, tag);
+    else
+        leave_out(ConversionReport::NO_TAG);
+    reset_token();
+}
+
+void CrfTokenReader::add_token(std::string_view form, std::string_view lemma, std::string_view pos) {
+    if (!m_is_in_text)
+        return leave_out(ConversionReport::OUTSIDE_SENTENCE);
+    std::string spelled_out;
+    if (form.starts_with('-')) { // an entry takes it for a form abbreviated against the lemma
+        spelled_out = BaseLexicalEntry(std::string(lemma), std::string(form), "").get_word_form();
+        form = spelled_out;
+    }
+    const TokenLineOutcome outcome = append_token_line(m_sentence.lines, m_format, form, lemma, pos);
+    if (outcome == TokenLineOutcome::BROKEN)
+        return leave_out(ConversionReport::BREAKS_LINE);
+    ++m_sentence.tokens;
+    m_sentence.replaced += outcome == TokenLineOutcome::REPLACED;
+    if (m_sentence.lines.size() > ENOUGH_TO_WRITE && m_sentence.ends == 1 && m_depth == 0) {
+        m_listener.write(m_sentence.lines);
+        m_sentence.lines.clear();
+    }
+}
+
+void CrfTokenReader::leave_out(ConversionReport::Count reason, std::string_view detail) {
+    ++m_report[reason];
+    if (m_listener.left_out)
+        m_listener.left_out(reason, line(), detail.empty() ? m_chars : m_chars + " (" + std::string(detail) + ")");
+    const bool is_malformed = reason == ConversionReport::NOT_JSON || reason == ConversionReport::OTHER_JSON;
+    const bool is_bad_token =
+        reason == ConversionReport::BREAKS_LINE && m_format.on_bad_token == TokenLineFormat::BadToken::FAIL;
+    if ((m_strict && is_malformed) || is_bad_token)
+        throw ConversionStopped(m_path + ":" + std::to_string(line()) + ": " + label_of(reason) + ": " + m_chars);
+}
+
+long CrfTokenReader::line() const { return context_ ? xmlSAX2GetLineNumber(context_) : 0; }
+
+} // namespace zelvor

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "training/ConversionReport.h"
+#include "training/CrfTrainingTeiSaxParser.h"
+#include "training/TagLexicon.h"
+#include "training/token_line.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zelvor {
+
+/// Ends a conversion before its end: at a bad token, or at a fault where none is wanted.
+struct ConversionStopped : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads the same sentences as its base and writes them as token lines with an empty line behind each, without a list:
+/// a sentence is handed on and forgotten as soon as nothing more can belong to it. That is when the next one begins or
+/// the document ends, since tokens between sentences belong to the sentence before them. A sentence that holds another
+/// loses its own tokens; those of the inner one stand once for each end.
+class CrfTokenReader : public CrfTrainingTeiSaxParser {
+public:
+    /// What the reader calls. `line` is the line of the document, 0 where there is none.
+    struct Listener {
+        std::function<void(std::string_view lines)> write;
+        /// A token, or all those of a sentence, without a training line; may be empty.
+        std::function<void(ConversionReport::Count reason, long line, const std::string& text)> left_out;
+        /// A fault of the document itself, for which it counts as failed; must not throw.
+        std::function<void(long line, const std::string& message)> fault;
+    };
+
+    /// All references must live as long as the reader.
+    CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat& format, ConversionReport& report,
+                   Listener listener);
+
+    /// Reads one document, of which the sentences before a fault count. What the listener throws leaves this function,
+    /// and the sentence that is being read is then lost.
+    void read_file(const std::string& path);
+    void read_standard_input();
+
+    /// Stop at the first analysis that is no JSON or JSON of another shape.
+    void set_strict(bool strict) { m_strict = strict; }
+
+    void on_start_element(const Glib::ustring& name, const AttributeList& attributes) override;
+    void on_end_element(const Glib::ustring& name) override;
+    void on_error(const Glib::ustring& text) override;
+    void on_fatal_error(const Glib::ustring& text) override;
+
+private:
+    struct Sentence {
+        std::string lines;
+        std::uint64_t tokens = 0;
+        std::uint64_t replaced = 0;
+        std::uint64_t ends = 0; ///< how often it ended: how often it is written
+    };
+
+    void parse(const std::string& path, const std::function<void()>& run);
+    void begin_sentence();
+    void end_sentence();
+    void finish_sentence();
+    void end_word();
+    void end_punctuation();
+    void add_token(std::string_view form, std::string_view lemma, std::string_view pos);
+    void leave_out(ConversionReport::Count reason, std::string_view detail = {});
+    long line() const;
+
+    const TagLexicon& m_lexicon;
+    const TokenLineFormat& m_format;
+    ConversionReport& m_report;
+    Listener m_listener;
+    bool m_strict = false;
+    std::string m_path;
+    Sentence m_sentence;
+    bool m_is_in_text = false; ///< a sentence of this document has begun
+    std::size_t m_depth = 0;   ///< of sentences inside each other
+    std::size_t m_errors = 0;
+};
+
+} // namespace zelvor
