@@ -6,6 +6,7 @@
 
 #include <glibmm/exception.h>
 #include <libxml/SAX2.h>
+#include <libxml/parser.h>
 
 #include <cerrno>
 #include <cstring>
@@ -44,7 +45,40 @@ ConversionReport::Count reason_of(Analysis::Outcome outcome) {
     return ConversionReport::NO_ANALYSIS;
 }
 
+CrfTokenReader* current_reader = nullptr;
+
+std::string_view as_text(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+
 } // namespace
+
+/// What the XML library calls. No exception may leave these; the first one ends the document instead.
+struct CrfTokenReader::Callbacks {
+    template<typename Use>
+    static void run(Use use) {
+        CrfTokenReader& reader = *current_reader;
+        if (reader.m_thrown)
+            return;
+        try {
+            use(reader);
+        } catch (...) {
+            reader.m_thrown = std::current_exception();
+            xmlStopParser(reader.context_);
+        }
+    }
+
+    static void start_element(void* /*context*/, const xmlChar* name, const xmlChar** attributes) {
+        run([&](CrfTokenReader& reader) { reader.begin_element(as_text(name), attributes); });
+    }
+
+    static void end_element(void* /*context*/, const xmlChar* name) {
+        run([&](CrfTokenReader& reader) { reader.end_element(as_text(name)); });
+    }
+
+    static void characters(void* /*context*/, const xmlChar* text, int length) {
+        if (CrfTokenReader& reader = *current_reader; reader.m_is_word_node)
+            reader.m_chars.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+    }
+};
 
 CrfTokenReader::CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat& format, ConversionReport& report,
                                Listener listener)
@@ -74,6 +108,7 @@ void CrfTokenReader::read_standard_input() {
 }
 
 void CrfTokenReader::parse(const std::string& path, const std::function<void()>& run) {
+    current_reader = this;
     m_path = path;
     m_errors = 0;
     std::string fault = path.empty() ? "" : fault_of(path);
@@ -87,6 +122,8 @@ void CrfTokenReader::parse(const std::string& path, const std::function<void()>&
             fault = error.what().raw();
         }
     }
+    if (m_thrown)
+        std::rethrow_exception(std::exchange(m_thrown, nullptr));
     finish_sentence();
     m_is_in_text = false;
     m_depth = 0;
@@ -95,25 +132,36 @@ void CrfTokenReader::parse(const std::string& path, const std::function<void()>&
     ++m_report[fault.empty() && m_errors == 0 ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
 }
 
-void CrfTokenReader::on_start_element(const Glib::ustring& name, const AttributeList& attributes) {
-    if (name.raw() == "s")
-        begin_sentence();
-    else
-        CrfTrainingTeiSaxParser::on_start_element(name, attributes);
+void CrfTokenReader::on_start_document() {
+    CrfTrainingTeiSaxParser::on_start_document();
+    context_->sax->startElement = Callbacks::start_element;
+    context_->sax->endElement = Callbacks::end_element;
+    context_->sax->characters = Callbacks::characters;
+    context_->sax->ignorableWhitespace = Callbacks::characters;
 }
 
-void CrfTokenReader::on_end_element(const Glib::ustring& name) {
-    const std::string& element = name.raw();
-    if (element == "w")
+void CrfTokenReader::begin_element(std::string_view name, const unsigned char** attributes) {
+    if (name == "s") {
+        begin_sentence();
+    } else if (name == "w" || name == "c") {
+        begin_token();
+        for (; attributes && *attributes; attributes += 2)
+            if (as_text(attributes[0]) == "lemma" && attributes[1])
+                m_lemma_json = as_text(attributes[1]);
+    }
+}
+
+void CrfTokenReader::end_element(std::string_view name) {
+    if (name == "w")
         end_word();
-    else if (element == "c")
+    else if (name == "c")
         end_punctuation();
-    else if (element == "s")
+    else if (name == "s")
         end_sentence();
 }
 
 void CrfTokenReader::on_error(const Glib::ustring& text) {
-    if (m_errors++ == 0) // later ones mostly follow from the first
+    if (!m_thrown && m_errors++ == 0) // later ones mostly follow from the first
         m_listener.fault(line(), std::string(trimmed(text.raw())));
 }
 

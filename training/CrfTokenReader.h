@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -46,12 +47,13 @@ public:
     /// Stop at the first analysis that is no JSON or JSON of another shape.
     void set_strict(bool strict) { m_strict = strict; }
 
-    void on_start_element(const Glib::ustring& name, const AttributeList& attributes) override;
-    void on_end_element(const Glib::ustring& name) override;
+    /// Takes elements and text from the XML library directly, which hands them over as lists of copies otherwise.
+    void on_start_document() override;
     void on_error(const Glib::ustring& text) override;
     void on_fatal_error(const Glib::ustring& text) override;
 
 private:
+    struct Callbacks;
     struct Sentence {
         std::string lines;
         std::uint64_t tokens = 0;
@@ -60,6 +62,8 @@ private:
     };
 
     void parse(const std::string& path, const std::function<void()>& run);
+    void begin_element(std::string_view name, const unsigned char** attributes);
+    void end_element(std::string_view name);
     void begin_sentence();
     void end_sentence();
     void finish_sentence();
@@ -79,6 +83,7 @@ private:
     bool m_is_in_text = false; ///< a sentence of this document has begun
     std::size_t m_depth = 0;   ///< of sentences inside each other
     std::size_t m_errors = 0;
+    std::exception_ptr m_thrown; ///< by the listener, on its way through the XML library
 };
 
 } // namespace zelvor

@@ -23,9 +23,7 @@ void CrfTrainingTeiSaxParser::on_start_document() {
 void CrfTrainingTeiSaxParser::on_start_element(const Glib::ustring& name, const AttributeList& attributes) {
     const std::string& element = name.raw();
     if (element == "w" || element == "c") {
-        m_is_word_node = true;
-        m_chars.clear();
-        m_lemma_json.clear();
+        begin_token();
         for (const Attribute& attribute : attributes) {
             if (attribute.name.raw() == "lemma")
                 m_lemma_json = attribute.value.raw();
@@ -73,6 +71,12 @@ void CrfTrainingTeiSaxParser::end_punctuation() {
     if (const std::string_view tag = punctuation_tag(m_chars); !tag.empty())
         add_entry(m_chars, std::string(tag));
     reset_token();
+}
+
+void CrfTrainingTeiSaxParser::begin_token() {
+    m_is_word_node = true;
+    m_chars.clear();
+    m_lemma_json.clear();
 }
 
 void CrfTrainingTeiSaxParser::reset_token() {

@@ -42,8 +42,8 @@ public:
     void clear_lexical_entries();
 
 protected:
-    /// The end of a token: text is no longer gathered.
-    void reset_token();
+    void begin_token(); ///< text is gathered from here
+    void reset_token(); ///< and no longer from here
 
     bool m_is_word_node = false;
     std::string m_lemma_json;

@@ -6,11 +6,14 @@ namespace zelvor {
 
 namespace {
 
+/// Whether a breaking character can begin with this byte.
+bool may_break(char c) { return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '\xC2' || c == '\xE2'; }
+
 bool is_breaking(std::string_view column) {
     if (column.empty())
         return true;
     for (std::size_t i = 0; i < column.size(); ++i)
-        if (breaking_character(column, i) != 0)
+        if (may_break(column[i]) && breaking_character(column, i) != 0)
             return true;
     return false;
 }
