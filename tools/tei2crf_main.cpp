@@ -21,7 +21,8 @@ void open_missing_streams() {
 
 int main(int argc, char** argv) {
     open_missing_streams();
-    std::signal(SIGPIPE, SIG_IGN); // a reader that has gone is reported as any failing output
+    for (const int signal : {SIGPIPE, SIGXFSZ}) // reported as any failing output
+        std::signal(signal, SIG_IGN);
     zelvor::remove_temporaries_on_signals();
     try {
         int status = 0;

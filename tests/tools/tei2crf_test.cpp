@@ -1,0 +1,263 @@
+#include "tests/temporary_directory.h"
+#include "tools/TaggerFormatConverter.h"
+#include "training/CrfTrainingTeiSaxParser.h"
+
+#include <gtest/gtest.h>
+#include <json/json.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <random>
+#include <sstream>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace zelvor {
+namespace {
+
+std::string lexicon_line(const std::string& id, const std::string& lemma_pos, const std::string& pos) {
+    return "0#s#sp#3#l#src#" + lemma_pos + "#" + id + "#w#9#10#11#12#13#14#15#16#" + pos + "#18#19#20#21\n";
+}
+
+std::string word(const std::string& text, const std::string& id = "17", const std::string& lemma = "l") {
+    return "<w lemma=\"x{'ls':[{'name':'" + lemma + "','wfs':[{'id':" + id + "}]}]}x\">" + text + "</w>";
+}
+
+class Tei2crf : public testing::Test {
+protected:
+    /// Runs a shell command within the folder, $T being the program with its lexicon and no report; standard output,
+    /// then the exit status.
+    std::pair<std::string, int> shell(const std::string& command) const {
+        const std::string program = "'" ZELVOR_TEI2CRF "'";
+        FILE* const pipe = popen(
+            ("cd '" + directory.path() + "' && P=" + program + " T=\"$P -qq -l lexicon\"; " + command).c_str(), "r");
+        std::string output;
+        std::array<char, 4096> buffer{};
+        for (std::size_t read; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+            output.append(buffer.data(), read);
+        return {output, WEXITSTATUS(pclose(pipe))};
+    }
+
+    /// The lines that the converter writes for files in this order, both of its streams in one.
+    std::string converted(const std::vector<std::string>& paths) const {
+        LexicalEntry verb, noun;
+        verb.set_pos("Verb");
+        noun.set_pos("Noun");
+        noun.set_lemma_pos("NN");
+        const std::map<int, LexicalEntry*> entries{{17, &verb}, {18, &noun}};
+        CrfTrainingTeiSaxParser parser(nullptr, &entries);
+        parser.set_substitute_entities(true);
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        for (const std::string& path : paths)
+            TaggerFormatConverter().create_model_data_file(path, std::cout, parser);
+        testing::internal::GetCapturedStderr();
+        std::istringstream all(testing::internal::GetCapturedStdout());
+        std::string lines;
+        for (std::string line; std::getline(all, line);)
+            if (!line.starts_with("input filename"))
+                lines += line + "\n";
+        return lines;
+    }
+
+    TemporaryDirectory directory;
+    std::string lexicon =
+        directory.write("lexicon", lexicon_line("17", "V", "Verb") + lexicon_line("18", "NN", "Noun"));
+};
+
+/// Random documents: sentences inside and outside each other, tokens of all kinds anywhere, some cut off.
+class Generator {
+public:
+    std::string document() {
+        const std::string text = "<t>" + content(0) + "</t>";
+        return number(3) == 0 ? text.substr(0, number(text.size())) : text;
+    }
+
+private:
+    std::size_t number(std::size_t bound) { return m_random() % bound; }
+
+    std::string content(int depth) {
+        std::string text;
+        for (std::size_t i = number(6); i > 0; --i)
+            text += number(3) == 0 && depth < 4 ? "<s>" + content(depth + 1) + "</s>" : token(depth);
+        return text;
+    }
+
+    std::string token(int depth) {
+        const std::string form = std::array{"amat", "-que", "a&amp;b", "\u00e9", "l", "-"}[number(6)];
+        switch (number(7)) {
+        case 0:
+            return "<w lemma='xamox'>" + form + "</w>between";
+        case 1:
+            return depth < 4 ? "<w lemma='x{}x'>" + form + content(depth + 1) + "</w>" : "";
+        case 2:
+            return "<c>" + std::string(std::array{",", ".", ";", "'", "]"}[number(5)]) + "</c>";
+        default:
+            return word(form, std::array{"17", "18", "99", "null"}[number(4)], number(2) == 0 ? "l" : "que");
+        }
+    }
+
+    std::mt19937 m_random{4711};
+};
+
+TEST_F(Tei2crf, WritesTheConvertersLinesForGeneratedCorpora) {
+    Generator generator;
+    std::vector<std::string> paths;
+    for (int i = 100; i < 400; ++i)
+        paths.push_back(directory.write("corpus/" + std::to_string(i) + ".xml", generator.document()));
+    const std::string expected = converted(paths);
+    EXPECT_GT(std::ranges::count(expected, '\n'), 300);
+    EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
+}
+
+TEST_F(Tei2crf, SentencesThatAreNestedCutOffOrFollowedByTokens) {
+    directory.write("corpus/1.xml", "<t><c>[</c><s>" + word("a") + "<s>" + word("b") + "</s>" + word("c") + "</s>" +
+                                        word("d") + "<s/></t>");
+    directory.write("corpus/2.xml", "<t><s>" + word("e") + "</s>" + word("f") + "<s>" + word("g"));
+    directory.write("corpus/3.xml",
+                    "<t>" + word("h") + "<s>" + word("rosae", "18") + word("-que", "17", "que") + "</s></t>");
+    const std::string expected =
+        "b Verb\nc Verb\nd Verb\n\nb Verb\nc Verb\nd Verb\n\n\ne Verb\nf Verb\n\nrosae NN\nqueque Verb\n\n";
+    EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
+    EXPECT_EQ(
+        converted({directory.path("corpus/1.xml"), directory.path("corpus/2.xml"), directory.path("corpus/3.xml")}),
+        expected);
+    // A sentence with more tokens behind it than are kept.
+    std::string many = "<t><s/>", lines;
+    for (int i = 0; i < 20000; ++i) {
+        many += "<c>,</c>";
+        lines += ", $,\n";
+    }
+    directory.write("many.xml", many + "<s><c>.</c></s></t>");
+    EXPECT_EQ(shell("$T many.xml"), std::pair(lines + "\n. $.\n\n", 0));
+}
+
+TEST_F(Tei2crf, ReportCountsEveryToken) {
+    directory.write("a.xml", "<t>\n<c>,</c><s>" + word("a") + word("b c") + "\n<w lemma=''>no</w>" + word("d", "99") +
+                                 "<w lemma='xnox'>e</w><w lemma='x[]x'>f</w><c>;</c></s>\n<s><s>" + word("g") +
+                                 "</s></s></t>");
+    directory.write("b.xml", "<!DOCTYPE t [<!ENTITY e SYSTEM '../e'>]><t>&e;<s>" + word("h") + "</s></t>");
+    directory.write("lexicon", "//\nshort\n" + lexicon_line("17", "V", "Verb") + lexicon_line("17", "V", "Late"));
+    const auto [output, status] =
+        shell("$P -l lexicon -v --on-bad-token=replace --report r.json a.xml b.xml c.xml 2>err");
+    EXPECT_EQ(output, "a Verb\nb_c Verb\n\ng Verb\n\ng Verb\n\nh Verb\n\n");
+    EXPECT_EQ(status, 1);
+    Json::Value report;
+    std::istringstream(directory.read("r.json")) >> report;
+    const struct {
+        const char *section, *key;
+        unsigned int count;
+    } rows[] = {{"files", "read", 2},
+                {"files", "failed", 1},
+                {"files", "entities_refused", 1},
+                {"sentences", "written", 4},
+                {"tokens", "written", 5},
+                {"tokens", "replaced", 1},
+                {"left_out", "no_analysis", 1},
+                {"left_out", "not_json", 1},
+                {"left_out", "other_json", 1},
+                {"left_out", "unknown_id", 1},
+                {"left_out", "no_tag", 1},
+                {"left_out", "breaks_line", 0},
+                {"lexicon", "lines", 4},
+                {"lexicon", "comments", 1},
+                {"lexicon", "short", 1},
+                {"lexicon", "duplicates", 1},
+                {"left_out", "outside_sentence", 1}};
+    for (const auto& row : rows)
+        EXPECT_EQ(report[row.section][row.key].asUInt(), row.count) << row.section << " " << row.key;
+    EXPECT_EQ(report["status"].asInt(), 1);
+    const std::string messages = directory.read("err");
+    for (const char* const message :
+         {"lexicon:2: 1 fields", "a.xml:2: in no finished sentence: ,\n", "a.xml:3: no analysis: no\n",
+          "a.xml:3: id not in the lexicon: d (99)\n", "b.xml: external entity not read", "c.xml: No such file",
+          "tokens: 5 written, 1 of them", "left out: 1 no analysis, 1 analysis is no JSON"})
+        EXPECT_NE(messages.find(message), messages.npos) << message << " in\n" << messages;
+}
+
+TEST_F(Tei2crf, CommandLine) {
+    directory.write("a.xml", "<s>" + word("amat") + "<c>,</c>" + word("b c") + "</s>");
+    directory.write("bad.xml", "<s><w lemma='xnox'>e</w></s>");
+    directory.write("old", "old");
+    directory.write("entity.ent", "<c>.</c>");
+    directory.write("entity.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM 'entity.ent'>]><s>&e;<c>,</c></s>");
+    const std::string lines = "amat Verb\n, $,\n\n", version = ZELVOR_VERSION;
+    const struct {
+        std::string command, output;
+        int status;
+    } rows[] = {
+        {"$T a.xml", lines, 0},
+        {"$T - <a.xml", lines, 0},
+        {"$T ./a.xml a.xml a.xml", lines + lines, 0}, // each path once
+        {"mkfifo p; cat a.xml >p & $T p", lines, 0},
+        {"$T --columns lemma,pos,form --separator=tab a.xml", "l\tVerb\tamat\n,\t$,\t,\n\n", 0},
+        {"$T --columns=form a.xml --on-bad-token replace", "amat\n,\nb_c\n\n", 0},
+        {"$T -o new --on-bad-token fail a.xml 2>err; echo $?; grep -c 'a.xml:1: .*b c' err; ls -A | grep new", "1\n1\n",
+         1},
+        {"$T -o old a.xml && cat old", lines, 0},
+        {"ln -s old link; $T -o link a.xml && readlink link", "old\n", 0},
+        {"umask 027; $T -o mode a.xml; chmod 604 old; $T -o old a.xml; stat -c %a mode old", "640\n604\n", 0},
+        {"$T -o /dev/stdout a.xml | cat", lines, 0},
+        {"$T entity.xml", ". $.\n, $,\n\n", 0},
+        {"$T - <entity.xml 2>/dev/null", ", $,\n\n", 1},
+        {"$T bad.xml a.xml", lines + "\n", 1},
+        {"$T --strict bad.xml a.xml 2>/dev/null", "", 1},
+        {"$T --strict missing a.xml 2>/dev/null", "", 1},
+        {"$T missing a.xml 2>/dev/null", lines, 1},
+        {"$P -q a.xml -l missing 2>&1 | head -1", "tei2crf: missing: No such file or directory\n", 0},
+        {"$T a.xml >/dev/full 2>err; echo $?; cat err", "1\ntei2crf: standard output: No space left on device\n", 0},
+        {"$T a.xml -o /dev/full 2>&1", "tei2crf: /dev/full: No space left on device\n", 1},
+        {"$T a.xml -o no/such 2>&1", "tei2crf: no/such: No such file or directory\n", 1},
+        {"$T a.xml --report no/such 2>&1", "tei2crf: no/such: No such file or directory\n", 1},
+        {"$T a.xml --report /dev/full 2>&1", lines + "tei2crf: /dev/full: No space left on device\n", 1},
+        {"$T a.xml >&- 2>/dev/null; echo $?", "1\n", 0},
+        {"(ulimit -f 0; $T a.xml -o new 2>/dev/null; echo $?); ls -A | grep new", "1\n", 1}, // as on a full disk
+        {"{ sleep 0.2; $T a.xml 2>err; echo $? >>err; } | true; cat err", "tei2crf: standard output: Broken pipe\n1\n",
+         0},
+        {"$T a.xml -o a.xml 2>/dev/null; grep -c amat a.xml", "1\n", 0},
+        {"$T a.xml -o lexicon 2>&1", "tei2crf: the output would replace an input: lexicon\n", 2},
+        {"$P a.xml 2>&1 | head -1", "tei2crf: no lexicon: option -l is missing\n", 0},
+        {"$P -l lexicon 2>/dev/null", "", 2},
+        {"$T --no-such a.xml 2>/dev/null", "", 2},
+        {"$T --separator=';' a.xml 2>&1 | grep -c usage", "1\n", 0},
+        {"$T --columns form,form a.xml 2>&1 | head -1", "tei2crf: wrong value of --columns: 'form,form'\n", 0},
+        {"$T --columns '' a.xml 2>/dev/null", "", 2},
+        {"$P --version", "tei2crf (zelvor) " + version + "\n", 0},
+        {"$P --help | head -1", "usage: tei2crf -l LEXICON [-o OUT] [OPTION]... INPUT...\n", 0},
+        {"$P --help >/dev/full 2>/dev/null", "", 1},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(shell(row.command), std::pair(row.output, row.status)) << row.command;
+}
+
+TEST_F(Tei2crf, ReadsFoldersInTheOrderOfPaths) {
+    for (const char* const name : {"b.xml", "a/z.tei", "a-b/x.xml", ".hidden.xml", ".h/y.xml", "c.XML", "d.txt"})
+        directory.write(std::string("corpus/") + name, "<s>" + word(name) + "</s>");
+    directory.write("outside/o.xml", "<s>" + word("outside") + "</s>");
+    std::filesystem::create_directory_symlink("../outside", directory.path("corpus/folder-link"));
+    std::filesystem::create_symlink("../outside/o.xml", directory.path("corpus/link.xml"));
+    ASSERT_EQ(mkfifo(directory.path("corpus/pipe.xml").c_str(), 0600), 0);
+    const std::string files = "a-b/x.xml\na/z.tei\nb.xml\noutside\n";
+    const std::string columns = "$T --columns form ", squeeze = " | grep .";
+    EXPECT_EQ(shell(columns + "corpus//" + squeeze).first, files);
+    EXPECT_EQ(shell(columns + "--hidden corpus" + squeeze).first, ".h/y.xml\n.hidden.xml\n" + files);
+    EXPECT_EQ(shell(columns + "corpus/folder-link corpus/d.txt" + squeeze).first, "d.txt\noutside\n");
+    std::filesystem::create_symlink("nowhere", directory.path("corpus/dangling.xml"));
+    EXPECT_EQ(shell("$T corpus 2>&1 >/dev/null"),
+              std::pair(std::string("tei2crf: corpus/dangling.xml: No such file or directory\n"), 1));
+}
+
+TEST_F(Tei2crf, AnInterruptedRunLeavesNothing) {
+    const auto [output, status] = shell("exec 2>/dev/null; mkfifo p; $T -o out - <p & "
+                                        "exec 3>p; until ls -A | grep -q '^.out.'; do sleep 0.01; done; echo begun; "
+                                        "kill -TERM $!; wait $!; echo $?; ls -A");
+    EXPECT_EQ(output, "begun\n143\nlexicon\np\n");
+}
+
+} // namespace
+} // namespace zelvor
