@@ -80,4 +80,5 @@ def main():
           f"(script: {(results[script_load][3] - results[script_start][3]) / entries:.0f})")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -93,8 +93,14 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
 }
 
 const std::string* TagLexicon::find(int id) const {
-    const auto found = std::ranges::lower_bound(m_entries, id, {}, &Entry::id);
-    return found == m_entries.end() || found->id != id ? nullptr : &m_tags[found->tag];
+    if (m_entries.empty() || id < m_entries.front().id)
+        return nullptr;
+    // Where ids have no gaps, this is the place; it never lies before it.
+    const auto farthest = std::min<std::uint64_t>(static_cast<std::uint64_t>(std::int64_t{id} - m_entries.front().id),
+                                                  m_entries.size() - 1);
+    const auto guess = m_entries.begin() + static_cast<std::ptrdiff_t>(farthest);
+    const auto found = guess->id <= id ? guess : std::ranges::lower_bound(m_entries.begin(), guess, id, {}, &Entry::id);
+    return found->id != id ? nullptr : &m_tags[found->tag];
 }
 
 } // namespace zelvor
