@@ -36,6 +36,7 @@ bench: build
 	@scripts/setup.sh packages-bench.txt
 	@bench/converter.sh
 	@bench/library.sh
+	@bench/tei2crf.sh
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")
