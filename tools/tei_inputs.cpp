@@ -72,8 +72,7 @@ find_documents(const std::vector<std::string>& inputs, bool with_hidden,
     for (const std::string& input : inputs)
         walk.add_input(input);
     std::ranges::sort(walk.documents);
-    const auto [rest, end] = std::ranges::unique(walk.documents);
-    walk.documents.erase(rest, end);
+    walk.documents.erase(std::unique(walk.documents.begin(), walk.documents.end()), walk.documents.end());
     return std::move(walk.documents);
 }
 

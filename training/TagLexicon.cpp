@@ -84,9 +84,9 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
         throw_error(filename);
     if (!std::ranges::is_sorted(entries, {}, &Entry::id))
         std::ranges::stable_sort(entries, {}, &Entry::id);
-    const auto [rest, end] = std::ranges::unique(entries, {}, &Entry::id);
-    counts.duplicates = static_cast<std::size_t>(end - rest);
-    entries.erase(rest, end);
+    const auto rest = std::unique(entries.begin(), entries.end(), [](Entry a, Entry b) { return a.id == b.id; });
+    counts.duplicates = static_cast<std::size_t>(entries.end() - rest);
+    entries.erase(rest, entries.end());
     m_entries = std::move(entries);
     m_tags = std::move(pool.tags);
     return counts;
