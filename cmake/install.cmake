@@ -5,6 +5,7 @@ install(TARGETS zelvor zelvor_converter TaggerFormatConverter tei2crf
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY tools training utils
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor
-    FILES_MATCHING PATTERN "*.h")
+    FILES_MATCHING PATTERN "*.h"
+    PATTERN "tools/tei*" EXCLUDE) # of a program, not of a library
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md")

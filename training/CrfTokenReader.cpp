@@ -88,7 +88,7 @@ CrfTokenReader::CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat&
 }
 
 void CrfTokenReader::read_file(const std::string& path) {
-    parse(path, [&] {
+    parse(path, fault_of(path), [&] {
         const EntityGuard guard(path, [this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
             m_listener.fault(0, message);
@@ -98,7 +98,7 @@ void CrfTokenReader::read_file(const std::string& path) {
 }
 
 void CrfTokenReader::read_standard_input() {
-    parse("", [&] {
+    parse("standard input", "", [&] {
         const EntityGuard guard = EntityGuard::for_standard_input([this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
             m_listener.fault(0, message);
@@ -107,11 +107,10 @@ void CrfTokenReader::read_standard_input() {
     });
 }
 
-void CrfTokenReader::parse(const std::string& path, const std::function<void()>& run) {
+void CrfTokenReader::parse(const std::string& path, std::string fault, const std::function<void()>& run) {
     current_reader = this;
     m_path = path;
     m_errors = 0;
-    std::string fault = path.empty() ? "" : fault_of(path);
     if (fault.empty()) {
         try {
             run();

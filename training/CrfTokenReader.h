@@ -61,7 +61,8 @@ private:
         std::uint64_t ends = 0; ///< how often it ended: how often it is written
     };
 
-    void parse(const std::string& path, const std::function<void()>& run);
+    /// Runs the parser, unless there is a fault already, and finishes the document.
+    void parse(const std::string& path, std::string fault, const std::function<void()>& run);
     void begin_element(std::string_view name, const unsigned char** attributes);
     void end_element(std::string_view name);
     void begin_sentence();

@@ -30,12 +30,14 @@ std::string word(const std::string& text, const std::string& id = "17", const st
 
 class Tei2crf : public testing::Test {
 protected:
+    Tei2crf() { m_directory.write("lexicon", lexicon_line("17", "V", "Verb") + lexicon_line("18", "NN", "Noun")); }
+
     /// Runs a shell command within the folder, $T being the program with its lexicon and no report; standard output,
     /// then the exit status.
     std::pair<std::string, int> shell(const std::string& command) const {
         const std::string program = "'" ZELVOR_TEI2CRF "'";
         FILE* const pipe = popen(
-            ("cd '" + directory.path() + "' && P=" + program + " T=\"$P -qq -l lexicon\"; " + command).c_str(), "r");
+            ("cd '" + m_directory.path() + "' && P=" + program + " T=\"$P -qq -l lexicon\"; " + command).c_str(), "r");
         std::string output;
         std::array<char, 4096> buffer{};
         for (std::size_t read; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
@@ -65,9 +67,7 @@ protected:
         return lines;
     }
 
-    TemporaryDirectory directory;
-    std::string lexicon =
-        directory.write("lexicon", lexicon_line("17", "V", "Verb") + lexicon_line("18", "NN", "Noun"));
+    TemporaryDirectory m_directory;
 };
 
 /// Random documents: sentences inside and outside each other, tokens of all kinds anywhere, some cut off.
@@ -109,46 +109,46 @@ TEST_F(Tei2crf, WritesTheConvertersLinesForGeneratedCorpora) {
     Generator generator;
     std::vector<std::string> paths;
     for (int i = 100; i < 400; ++i)
-        paths.push_back(directory.write("corpus/" + std::to_string(i) + ".xml", generator.document()));
+        paths.push_back(m_directory.write("corpus/" + std::to_string(i) + ".xml", generator.document()));
     const std::string expected = converted(paths);
     EXPECT_GT(std::ranges::count(expected, '\n'), 300);
     EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
 }
 
 TEST_F(Tei2crf, SentencesThatAreNestedCutOffOrFollowedByTokens) {
-    directory.write("corpus/1.xml", "<t><c>[</c><s>" + word("a") + "<s>" + word("b") + "</s>" + word("c") + "</s>" +
-                                        word("d") + "<s/></t>");
-    directory.write("corpus/2.xml", "<t><s>" + word("e") + "</s>" + word("f") + "<s>" + word("g"));
-    directory.write("corpus/3.xml",
-                    "<t>" + word("h") + "<s>" + word("rosae", "18") + word("-que", "17", "que") + "</s></t>");
+    m_directory.write("corpus/1.xml", "<t><c>[</c><s>" + word("a") + "<s>" + word("b") + "</s>" + word("c") + "</s>" +
+                                          word("d") + "<s/></t>");
+    m_directory.write("corpus/2.xml", "<t><s>" + word("e") + "</s>" + word("f") + "<s>" + word("g"));
+    m_directory.write("corpus/3.xml",
+                      "<t>" + word("h") + "<s>" + word("rosae", "18") + word("-que", "17", "que") + "</s></t>");
     const std::string expected =
         "b Verb\nc Verb\nd Verb\n\nb Verb\nc Verb\nd Verb\n\n\ne Verb\nf Verb\n\nrosae NN\nqueque Verb\n\n";
     EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
-    EXPECT_EQ(
-        converted({directory.path("corpus/1.xml"), directory.path("corpus/2.xml"), directory.path("corpus/3.xml")}),
-        expected);
+    EXPECT_EQ(converted({m_directory.path("corpus/1.xml"), m_directory.path("corpus/2.xml"),
+                         m_directory.path("corpus/3.xml")}),
+              expected);
     // A sentence with more tokens behind it than are kept.
     std::string many = "<t><s/>", lines;
     for (int i = 0; i < 20000; ++i) {
         many += "<c>,</c>";
         lines += ", $,\n";
     }
-    directory.write("many.xml", many + "<s><c>.</c></s></t>");
+    m_directory.write("many.xml", many + "<s><c>.</c></s></t>");
     EXPECT_EQ(shell("$T many.xml"), std::pair(lines + "\n. $.\n\n", 0));
 }
 
 TEST_F(Tei2crf, ReportCountsEveryToken) {
-    directory.write("a.xml", "<t>\n<c>,</c><s>" + word("a") + word("b c") + "\n<w lemma=''>no</w>" + word("d", "99") +
-                                 "<w lemma='xnox'>e</w><w lemma='x[]x'>f</w><c>;</c></s>\n<s><s>" + word("g") +
-                                 "</s></s></t>");
-    directory.write("b.xml", "<!DOCTYPE t [<!ENTITY e SYSTEM '../e'>]><t>&e;<s>" + word("h") + "</s></t>");
-    directory.write("lexicon", "//\nshort\n" + lexicon_line("17", "V", "Verb") + lexicon_line("17", "V", "Late"));
+    m_directory.write("a.xml", "<t>\n<c>,</c><s>" + word("a") + word("b c") + "\n<w lemma=''>no</w>" + word("d", "99") +
+                                   "<w lemma='xnox'>e</w><w lemma='x[]x'>f</w><c>;</c></s>\n<s><s>" + word("g") +
+                                   "</s></s></t>");
+    m_directory.write("b.xml", "<!DOCTYPE t [<!ENTITY e SYSTEM '../e'>]><t>&e;<s>" + word("h") + "</s></t>");
+    m_directory.write("lexicon", "//\nshort\n" + lexicon_line("17", "V", "Verb") + lexicon_line("17", "V", "Late"));
     const auto [output, status] =
         shell("$P -l lexicon -v --on-bad-token=replace --report r.json a.xml b.xml c.xml 2>err");
     EXPECT_EQ(output, "a Verb\nb_c Verb\n\ng Verb\n\ng Verb\n\nh Verb\n\n");
     EXPECT_EQ(status, 1);
     Json::Value report;
-    std::istringstream(directory.read("r.json")) >> report;
+    std::istringstream(m_directory.read("r.json")) >> report;
     const struct {
         const char *section, *key;
         unsigned int count;
@@ -172,20 +172,20 @@ TEST_F(Tei2crf, ReportCountsEveryToken) {
     for (const auto& row : rows)
         EXPECT_EQ(report[row.section][row.key].asUInt(), row.count) << row.section << " " << row.key;
     EXPECT_EQ(report["status"].asInt(), 1);
-    const std::string messages = directory.read("err");
+    const std::string messages = m_directory.read("err");
     for (const char* const message :
          {"lexicon:2: 1 fields", "a.xml:2: in no finished sentence: ,\n", "a.xml:3: no analysis: no\n",
-          "a.xml:3: id not in the lexicon: d (99)\n", "b.xml: external entity not read", "c.xml: No such file",
+          "a.xml:3: id not in the lexicon: d (99)\n", "tei2crf: b.xml: external entity not read", "c.xml: No such file",
           "tokens: 5 written, 1 of them", "left out: 1 no analysis, 1 analysis is no JSON"})
         EXPECT_NE(messages.find(message), messages.npos) << message << " in\n" << messages;
 }
 
 TEST_F(Tei2crf, CommandLine) {
-    directory.write("a.xml", "<s>" + word("amat") + "<c>,</c>" + word("b c") + "</s>");
-    directory.write("bad.xml", "<s><w lemma='xnox'>e</w></s>");
-    directory.write("old", "old");
-    directory.write("entity.ent", "<c>.</c>");
-    directory.write("entity.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM 'entity.ent'>]><s>&e;<c>,</c></s>");
+    m_directory.write("a.xml", "<s>" + word("amat") + "<c>,</c>" + word("b c") + "</s>");
+    m_directory.write("bad.xml", "<s><w lemma='xnox'>e</w></s>");
+    m_directory.write("old", "old");
+    m_directory.write("entity.ent", "<c>.</c>");
+    m_directory.write("entity.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM 'entity.ent'>]><s>&e;<c>,</c></s>");
     const std::string lines = "amat Verb\n, $,\n\n", version = ZELVOR_VERSION;
     const struct {
         std::string command, output;
@@ -237,17 +237,17 @@ TEST_F(Tei2crf, CommandLine) {
 
 TEST_F(Tei2crf, ReadsFoldersInTheOrderOfPaths) {
     for (const char* const name : {"b.xml", "a/z.tei", "a-b/x.xml", ".hidden.xml", ".h/y.xml", "c.XML", "d.txt"})
-        directory.write(std::string("corpus/") + name, "<s>" + word(name) + "</s>");
-    directory.write("outside/o.xml", "<s>" + word("outside") + "</s>");
-    std::filesystem::create_directory_symlink("../outside", directory.path("corpus/folder-link"));
-    std::filesystem::create_symlink("../outside/o.xml", directory.path("corpus/link.xml"));
-    ASSERT_EQ(mkfifo(directory.path("corpus/pipe.xml").c_str(), 0600), 0);
+        m_directory.write(std::string("corpus/") + name, "<s>" + word(name) + "</s>");
+    m_directory.write("outside/o.xml", "<s>" + word("outside") + "</s>");
+    std::filesystem::create_directory_symlink("../outside", m_directory.path("corpus/folder-link"));
+    std::filesystem::create_symlink("../outside/o.xml", m_directory.path("corpus/link.xml"));
+    ASSERT_EQ(mkfifo(m_directory.path("corpus/pipe.xml").c_str(), 0600), 0);
     const std::string files = "a-b/x.xml\na/z.tei\nb.xml\noutside\n";
     const std::string columns = "$T --columns form ", squeeze = " | grep .";
     EXPECT_EQ(shell(columns + "corpus//" + squeeze).first, files);
     EXPECT_EQ(shell(columns + "--hidden corpus" + squeeze).first, ".h/y.xml\n.hidden.xml\n" + files);
     EXPECT_EQ(shell(columns + "corpus/folder-link corpus/d.txt" + squeeze).first, "d.txt\noutside\n");
-    std::filesystem::create_symlink("nowhere", directory.path("corpus/dangling.xml"));
+    std::filesystem::create_symlink("nowhere", m_directory.path("corpus/dangling.xml"));
     EXPECT_EQ(shell("$T corpus 2>&1 >/dev/null"),
               std::pair(std::string("tei2crf: corpus/dangling.xml: No such file or directory\n"), 1));
 }

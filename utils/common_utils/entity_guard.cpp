@@ -63,8 +63,8 @@ struct EntityGuard::Loader {
         const std::string path = local_path(address);
         if (!guard.m_folder.empty() && path.starts_with(guard.m_folder) && is_regular_file(path))
             return xmlNewInputFromFile(context, path.c_str());
-        guard.m_refused(guard.m_document + ": external entity not read, it is no regular file below the document's " +
-                        "folder: " + std::string(address));
+        guard.m_refused("external entity not read, it is no regular file below the document's folder: " +
+                        std::string(address));
         return nullptr;
     }
 
@@ -73,9 +73,9 @@ struct EntityGuard::Loader {
 };
 
 EntityGuard::EntityGuard(const std::string& document, log4cpp::Category* pcat)
-    : EntityGuard(document, [pcat](const std::string& message) {
+    : EntityGuard(document, [document, pcat](const std::string& message) {
           if (pcat)
-              pcat->error(message);
+              pcat->error(document + ": " + message);
       }) {}
 
 EntityGuard::EntityGuard(const std::string& document, Listener refused)

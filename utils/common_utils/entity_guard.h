@@ -12,8 +12,8 @@ namespace zelvor {
 
 /// While it lives, the XML parser opens nothing but the document itself and, as external entities, regular local files
 /// at or below the document's own folder (links and ".." resolved). Everything else, network addresses, devices and
-/// pipes included, is refused: its text is missing, and the log or the listener gets one message that names document
-/// and entity.
+/// pipes included, is refused: its text is missing, and the log gets one error record that names document and entity,
+/// or a listener a message that names the entity.
 /// The loader that was installed before comes back afterwards. Process-wide state: one parse at a time.
 class EntityGuard {
 public:

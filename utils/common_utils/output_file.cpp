@@ -47,7 +47,7 @@ void forget(const std::string& name) {
 /// The file behind a link, or the path itself.
 std::string target_of(const std::string& path) {
     char* const real = realpath(path.c_str(), nullptr);
-    const std::string target = real ? real : path;
+    std::string target = real ? real : path;
     std::free(real);
     return target;
 }
