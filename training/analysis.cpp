@@ -11,7 +11,7 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::size_t MAX_KNOWN_BYTES = 32 * 1024 * 1024;
+constexpr std::size_t MAX_KNOWN_BYTES = std::size_t{32} * 1024 * 1024;
 
 Analysis extract(const Json::Value& root) {
     const Json::Value& lemma = root["ls"][0U];
