@@ -9,6 +9,7 @@
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/numbers.h"
 #include "utils/common_utils/object_pool.h"
+#include "utils/common_utils/output_file.h"
 #include "utils/common_utils/process.h"
 #include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
