@@ -24,7 +24,7 @@ Analysis extract(const Json::Value& root) {
 Analysis parse(Json::Reader& json_reader, const std::string& json) {
     Json::Value root;
     try {
-        if (!json_reader.parse(json.data(), json.data() + json.size(), root, false))
+        if (!json_reader.parse(json, root))
             return {Analysis::Outcome::UNPARSABLE, 0, ""};
     } catch (const std::exception&) { // nested too deeply
         return {Analysis::Outcome::UNPARSABLE, 0, ""};
