@@ -107,8 +107,8 @@ void get_cases_from_word_form(const std::string& word_form, std::set<std::string
 bool get_cases_from_lexicon(const std::string& word_form,
                             const std::multimap<std::string, LexicalEntry*>& map_pentry_representation,
                             std::set<std::string>& cases) {
-    const auto first = map_pentry_representation.find(word_form);
-    if (first == map_pentry_representation.end())
+    const auto [first, last] = map_pentry_representation.equal_range(word_form);
+    if (first == last)
         return false;
     // Kept: it is always the first entry that is looked at, and only its missing case is taken.
     if (first->second && first->second->get_case().empty())

@@ -136,6 +136,7 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
                  log4cpp::Category* pmain_cat) {
     std::set<std::string> used_conclusions;
     std::vector<const Rule*> used_rules;
+    const std::string input = lemma; // may be an element of the list that grows
     log_info(pmain_cat, "number of rules: " + std::to_string(rules.size()));
     for (const Rule* const rule : rules) {
         if (!rule)
@@ -145,8 +146,8 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
             log_info(pmain_cat, "conclusion " + conclusion + " already used. Skipping");
             continue;
         }
-        log_info(pmain_cat, "apply rule: " + conclusion + "<=" + rule->get_premise() + " on " + lemma);
-        const std::string result = rule->apply_rule(lemma);
+        log_info(pmain_cat, "apply rule: " + conclusion + "<=" + rule->get_premise() + " on " + input);
+        const std::string result = rule->apply_rule(input);
         log_info(pmain_cat, "result: " + result);
         if (result.empty())
             continue;
@@ -188,7 +189,9 @@ void apply_rules_features_with_sources(EnglishLexicalEntry& input_entry,
     if (found == map_rules.end() || !found->second)
         return;
     for (const std::vector<Rule*>* const rules : *found->second) {
-        const auto [rule, word_form] = first_applying(rules ? *rules : std::vector<Rule*>(), lemma);
+        if (!rules)
+            continue;
+        const auto [rule, word_form] = first_applying(*rules, lemma);
         for (int i = 0; rule && i < rule->feature_vector_size(); ++i) {
             auto* const entry = new EnglishLexicalEntry(lemma, word_form, pos);
             entry->set_lemma_pos(pos);

@@ -17,8 +17,8 @@ using Fields = std::vector<std::string_view>;
 // Fields of a data line: word count, then pairs of word and lexical id, then the pointer count and the first pointer.
 constexpr std::size_t WORD_COUNT = 3, FIRST_WORD = 4, POINTER_BEHIND_WORDS = 5;
 
-/// A field is followed by a blank or the end of the line, where atoi stops.
-int number_at(const Fields& fields, std::size_t i) { return std::atoi(fields.at(i).data()); }
+/// Of the field alone: behind one of white space, such as a tab, atoi would go on into the next.
+int number_at(const Fields& fields, std::size_t i) { return std::atoi(std::string(fields.at(i)).c_str()); }
 
 void read_synset_line(const Fields& fields, std::set<std::string>& words, std::set<std::string>* instances) {
     const int count = number_at(fields, WORD_COUNT);

@@ -74,6 +74,12 @@ TEST(Rules, AConclusionIsUsedOnlyOnceItHasGivenAForm) {
     Strings forms;
     apply_rules("cat", rules, forms, nullptr);
     EXPECT_EQ(forms, Strings{"cats"});
+    const std::string lemma(40, 'x');
+    Rule other("two", "", nullptr);
+    rules = {&hit, &other};
+    forms = {lemma};
+    apply_rules(forms[0], rules, forms, nullptr); // the list that grows holds the lemma
+    EXPECT_EQ(forms, (Strings{lemma, lemma + "s", lemma + "two"}));
 }
 
 TEST(Rules, Subsumption) {

@@ -27,6 +27,8 @@ TEST(WordNetFile, WordsAndInstances) {
     EXPECT_THROW(parse_wordnet_file(directory.path("no-pointers"), words, &instances), std::out_of_range);
     for (const char* const line : {"\n", "7 15 n", "7 15 n 02 one 0", "7 15 n 2147483647 one 0", "x"})
         EXPECT_THROW(parse_wordnet_file(directory.write("short", line), words, nullptr), std::out_of_range) << line;
+    parse_wordnet_file(directory.write("tab", "\t 1 n 01 tabbed 0"), words, nullptr); // a tab is no line number
+    EXPECT_TRUE(words.contains("tabbed"));
     parse_wordnet_file(directory.path("missing"), words, &instances);
 }
 
