@@ -32,7 +32,7 @@ def main():
     lines = sum(1 for _ in open(large, encoding="utf-8"))
     print(f"{len(documents)} files, {size:.0f} MB; large lexicon: {lines} lines; medians of {rounds}\n")
     print(f"{'':<32} {'seconds':>8} {'of parse':>9} {'peak MB':>8}")
-    for name, (seconds, memory) in results.items():
+    for name, (seconds, _, _, memory) in results.items():
         yardstick = parse_ten if "tenfold" in name else parse
         print(f"{name:<32} {seconds:8.3f} {seconds / results[yardstick][0]:9.2f} {memory / 1e6:8.1f}")
 
@@ -40,8 +40,8 @@ def main():
     verdict(results, tool, parse, 3, "tei2crf, as a multiple of parsing alone")
     verdict(results, tool_ten, parse_ten, 3, "the same on the tenfold corpus")
     verdict(results, tool, script, 0.2, "tei2crf, as a part of the script's time")
-    print(f"\nmemory: less than {results[load][1] / lines:.0f} bytes a line of the large lexicon; "
-          f"{(results[tool_ten][1] - results[tool][1]) / 1e6:.1f} MB more for the tenfold corpus")
+    print(f"\nmemory: less than {results[load][3] / lines:.0f} bytes a line of the large lexicon; "
+          f"{(results[tool_ten][3] - results[tool][3]) / 1e6:.1f} MB more for the tenfold corpus")
 
 
 main()
