@@ -33,6 +33,7 @@ long peak_kilobytes() {
 
 void measure_rules() {
     std::vector<zelvor::Rule*> rules;
+    rules.reserve(NUM_RULES);
     for (int i = 0; i < NUM_RULES; ++i) // every rule applies, and none covers another
         rules.push_back(new zelvor::Rule("x" + std::to_string(NUM_RULES + i), "", nullptr));
     std::vector<std::string> forms;

@@ -13,7 +13,10 @@ namespace zelvor {
 namespace {
 
 constexpr int UNREACHED = INT_MAX;
-constexpr double MAX_PATH_TOLERANCE = 2.0; ///< up to here trying all paths takes less time than keeping rows
+// Trying all paths takes less time than keeping rows for a small budget and a word of usual length; on long repetitive
+// texts it grows with the cube of the length.
+constexpr double MAX_PATH_TOLERANCE = 2.0;
+constexpr std::size_t MAX_PATH_LENGTH = 32;
 
 /// The caller's result set with an index of its strings. Of several pairs for one string the first in the order of the
 /// set counts; null pairs are passed over.
@@ -328,7 +331,8 @@ bool has_unit_costs(double weight_end) { return weight_end == 1.0 && !LetterTrie
 int LetterTrieNode::lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                                         FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end) {
     Query query(str, current_index, start_threshold, weight_end, set_lemmas);
-    if (has_unit_costs(weight_end) && tolerance > MAX_PATH_TOLERANCE)
+    const bool is_long = tolerance > 0.0 && query.text.size() > MAX_PATH_LENGTH;
+    if (has_unit_costs(weight_end) && (tolerance > MAX_PATH_TOLERANCE || is_long))
         RowSearch(query, tolerance).run(this, current_index);
     else
         PathSearch(query, nullptr, false).run(this, current_index, tolerance);

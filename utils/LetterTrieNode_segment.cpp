@@ -44,7 +44,9 @@ private:
 
     Start walk(const LetterTrieNode* node, std::size_t position, int depth) {
         Start start;
-        for (; node && position < m_text.size(); node = node->look_for_node(m_text[position++]), ++depth)
+        depth = std::min(depth, MIN_INNER_LENGTH); // no more is ever asked
+        for (; node && position < m_text.size();
+             node = node->look_for_node(m_text[position++]), depth = std::min(depth + 1, MIN_INNER_LENGTH))
             if (node->is_leaf() && node != m_root && depth >= MIN_INNER_LENGTH) {
                 start.words.push_back({node, position});
                 m_starts[position].reached = true;

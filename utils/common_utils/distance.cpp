@@ -22,12 +22,13 @@ bool is_exchange(const std::u32string& s1, const std::u32string& s2, std::size_t
 int levenshtein_distance(const Glib::ustring& s1, const Glib::ustring& s2, bool allow_exchanges) {
     const std::u32string from = decode_utf8(s1.raw());
     const std::u32string to = decode_utf8(s2.raw());
-    boost::numeric::ublas::matrix<int> m(from.size() + 1, to.size() + 1, 0);
-    for (std::size_t i = 0; i <= from.size(); ++i)
-        m(i, 0) = static_cast<int>(i);
+    // No row is asked for once two more have been filled, so that three hold all that is needed.
+    boost::numeric::ublas::matrix<int> rows(3, to.size() + 1, 0);
+    const auto m = [&](std::size_t i, std::size_t j) -> int& { return rows(i % 3, j); };
     for (std::size_t j = 0; j <= to.size(); ++j)
         m(0, j) = static_cast<int>(j);
     for (std::size_t i = 1; i <= from.size(); ++i) {
+        m(i, 0) = static_cast<int>(i);
         for (std::size_t j = 1; j <= to.size(); ++j) {
             if (from[i - 1] == to[j - 1]) {
                 m(i, j) = m(i - 1, j - 1);

@@ -8,7 +8,7 @@ namespace zelvor {
 ///
 /// With `allow_exchanges`, an exchange of two neighbours costs 1 as well, where both texts are compared at the same
 /// position; elsewhere the exchange test compares crossed positions, and the result is not the Damerau distance.
-/// Time and memory are proportional to the product of the lengths.
+/// Time is proportional to the product of the lengths, memory to their sum.
 int levenshtein_distance(const Glib::ustring& s1, const Glib::ustring& s2, bool allow_exchanges);
 
 } // namespace zelvor

@@ -11,6 +11,17 @@ timeval tp;
 long seconds;
 long microseconds;
 
+namespace {
+
+bool write_line(const std::string& filename, const std::string& text) {
+    std::ofstream file(filename);
+    file << text << '\n';
+    file.close();
+    return file.good();
+}
+
+} // namespace
+
 std::string exec(const std::string& cmd) {
     FILE* pipe = popen(cmd.c_str(), "r");
     if (!pipe)
@@ -26,12 +37,11 @@ std::string exec(const std::string& cmd) {
 bool equivalent(const std::string& s1, const std::string& s2, const std::string& temp_directory) {
     const std::string filename1 = temp_directory + "/file1.txt";
     const std::string filename2 = temp_directory + "/file2.txt";
-    std::ofstream(filename1) << s1 << '\n';
-    std::ofstream(filename2) << s2 << '\n';
+    const bool written = write_line(filename1, s1) & write_line(filename2, s2); // both are tried
     // diff reports missing files on standard error; only as output do they count as a difference
     const std::string differences = exec("diff --brief -b -B " + filename1 + " " + filename2 + " 2>&1");
     std::cout << differences << std::endl;
-    return differences.empty();
+    return written && differences.empty(); // files of an earlier call may still be there
 }
 
 void start_time() {

@@ -26,20 +26,25 @@ void log_info(log4cpp::Category* category, const std::string& message) {
         category->info(message);
 }
 
-// Appends the cached lines, each with line_end behind it, and returns the word forms that have none.
-std::set<std::string> split_by_cache(const std::set<std::string>& word_forms, const LineCache* cache,
-                                     std::string_view line_end, std::string& cached_lines) {
+// Calls use_line for every cached line, and returns the word forms that have none.
+template<typename Use>
+std::set<std::string> split_by_cache(const std::set<std::string>& word_forms, const LineCache* cache, Use use_line) {
     if (!cache)
         return word_forms;
     std::set<std::string> misses;
     for (const std::string& word_form : word_forms) {
         std::string lower = convert_lowercase(word_form);
         if (const auto hit = cache->find(lower); hit != cache->end())
-            cached_lines.append(hit->second).append(line_end);
+            use_line(hit->second);
         else
             misses.insert(std::move(lower));
     }
     return misses;
+}
+
+// Gathers the cached lines, each with line_end behind it.
+auto append_to(std::string& lines, std::string_view line_end) {
+    return [&lines, line_end](const std::string& line) { lines.append(line).append(line_end); };
 }
 
 void write_word_forms(const std::string& filename, const std::set<std::string>& word_forms) {
@@ -137,7 +142,7 @@ void call_lemmatizer(std::string temp_directory, log4cpp::Category* pcat, const 
                      std::map<std::string, std::string>* pmap_cache) {
     std::string cached_lines;
     // kept: without a line end, so that cached lines run together
-    const std::set<std::string> misses = split_by_cache(word_forms, pmap_cache, "", cached_lines);
+    const std::set<std::string> misses = split_by_cache(word_forms, pmap_cache, append_to(cached_lines, ""));
     const std::string result = run_lemmatizer(temp_directory, misses, lemmatizer_path, {lemma_model, lemma_seg_model},
                                               "lemmaizer_command: ", pcat) +
                                cached_lines;
@@ -156,7 +161,7 @@ void call_lemmatizer_all_pos(std::string temp_directory, log4cpp::Category* pcat
         const Models models = models_of_tag(lemma_model, lemma_seg_model, tag);
         LineCache* cache = pmap_cache ? get_or_create(*pmap_cache, tag) : nullptr;
         std::string cached_lines;
-        const std::set<std::string> misses = split_by_cache(word_forms, cache, "\n", cached_lines);
+        const std::set<std::string> misses = split_by_cache(word_forms, cache, append_to(cached_lines, "\n"));
         print_models("lemmatizer", models);
         const std::string result =
             run_lemmatizer(temp_directory, misses, lemmatizer_path, models, "lemmaizer_command: ", pcat) + cached_lines;
@@ -178,10 +183,9 @@ void call_lemmatizer_pos(std::string temp_directory, log4cpp::Category* pcat,
         WordFormContainers none;
         WordFormContainers& containers = known != map_wfc.end() && known->second ? *known->second : none;
         LineCache* cache = pmap_cache ? get_or_create(*pmap_cache, tag) : nullptr;
-        std::string cached_lines;
-        const std::set<std::string> misses = split_by_cache(*word_forms, cache, "\n", cached_lines);
-        for_each_line_of(cached_lines,
-                         [&](const std::string& line) { parse_line(line, containers, nullptr, modified, true); });
+        const std::set<std::string> misses = split_by_cache(*word_forms, cache, [&](const std::string& line) {
+            parse_line(line, containers, nullptr, modified, true);
+        });
         const std::string result =
             run_lemmatizer(temp_directory, misses, lemmatizer_path, models_of_tag(lemma_model, lemma_seg_model, tag),
                            "lemmatizer_command: ", pcat);
@@ -195,7 +199,7 @@ void call_ocr(std::string temp_directory, log4cpp::Category* pcat, const std::se
               std::multimap<std::string, WordFormContainer*>& map_wfc, std::map<std::string, std::string>* pmap_cache,
               bool& modified) {
     std::string cached_lines;
-    const std::set<std::string> misses = split_by_cache(word_forms, pmap_cache, "\n", cached_lines);
+    const std::set<std::string> misses = split_by_cache(word_forms, pmap_cache, append_to(cached_lines, "\n"));
     std::string result;
     if (!ocr_model.empty()) {
         const std::string input = temp_directory + "/ocr.txt";
