@@ -2,155 +2,104 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <tuple>
 
 namespace zelvor {
 namespace {
 
-EnglishLexicalEntry walks() {
-    EnglishLexicalEntry entry("walk", "walks", "VBZ");
-    entry.set_lemma_pos("VB");
-    entry.set_case("NOMINATIVE");
-    entry.set_comparison_degree("POSITIVE");
-    entry.set_gender("F");
-    entry.set_mood("INDICATIVE");
-    entry.set_number("SINGULAR");
-    entry.set_person("3");
-    entry.set_tense("PRESENT");
-    entry.set_semtype("motion");
-    entry.insert_originating_source_wordforms("w2");
-    entry.insert_originating_source_wordforms("w1");
-    entry.insert_originating_source_lemmas("l");
-    entry.insert_originating_source_pos("p");
+/// The entry of a line of 15 columns, with one of them changed.
+EnglishLexicalEntry walks(std::size_t column = 15, const std::string& text = "") {
+    std::vector<std::string> columns{"walks",      "walk",     "VB",         "VBZ",      "w2,w1",
+                                     "l",          "p",        "NOMINATIVE", "POSITIVE", "F",
+                                     "INDICATIVE", "SINGULAR", "3",          "PRESENT",  "motion"};
+    if (column < columns.size())
+        columns[column] = text;
+    EnglishLexicalEntry entry;
+    entry.parse_tokens(columns);
     return entry;
 }
 
-TEST(EnglishLexicalEntry, HeadlineNamesTheFifteenColumns) {
-    EXPECT_EQ(headline(), "#WORD_FORM\tLEMMA\tPOS\tWFPOS\tSOURCE WORD FORM\tSOURCE LEMMA\tSOURCE POS\tCASE\t"
-                          "COMPARISON_DEGREE\tGENDER\tMOOD\tNUMERUS\tPERSON\tTENSE\tSEMTYPE");
+/// Word form, lemma, the two parts of speech, and then the features in the order of the columns.
+std::string summary(const EnglishLexicalEntry& e) {
+    std::string text = e.get_word_form();
+    for (const std::string& value :
+         {e.get_lemma(), e.get_lemma_pos(), e.get_pos(), e.get_case(), e.get_comparison_degree(), e.get_gender(),
+          e.get_mood(), e.get_number(), e.get_person(), e.get_tense(), e.get_semtype(), e.get_longest_suffix()})
+        text += '|' + value;
+    return text;
 }
 
 TEST(EnglishLexicalEntry, ExportsOneLinePerMoodAndFeaturesByWordClass) {
-    const std::string begin = "walks\twalk\t", sources = "\tVBZ\tw1,w2\tl\tp\t",
-                      end = "\tSINGULAR\t3\tPRESENT\tmotion\n";
-    const struct {
-        const char *lemma_pos, *mood;
+    EXPECT_EQ(headline(), "#WORD_FORM\tLEMMA\tPOS\tWFPOS\tSOURCE WORD FORM\tSOURCE LEMMA\tSOURCE POS\tCASE\t"
+                          "COMPARISON_DEGREE\tGENDER\tMOOD\tNUMERUS\tPERSON\tTENSE\tSEMTYPE");
+    using Row = std::tuple<const char*, const char*, std::vector<const char*>>; // lemma pos, mood, what differs
+    for (const auto& [lemma_pos, mood, lines] :
+         {Row("VB", "b,a", {"\t\tF\tb", "\t\tF\ta"}), Row("VB", "", {"\t\tF\t"}), Row("VB", ",", {"\t\tF\t"}),
+          Row("NN", "b", {"NOMINATIVE\t\tF\t"}), Row("JJ", "b", {"\tPOSITIVE\tF\t"}), Row("", "b", {"\t\tF\t"})}) {
+        EnglishLexicalEntry entry = walks(10, mood);
+        entry.set_lemma_pos(lemma_pos);
         std::string expected;
-    } rows[] = {
-        {"VB", "b,a", begin + "VB" + sources + "\t\tF\tb" + end + begin + "VB" + sources + "\t\tF\ta" + end},
-        {"VB", "", begin + "VB" + sources + "\t\tF\t" + end},
-        {"VB", ",", begin + "VB" + sources + "\t\tF\t" + end},
-        {"NN", "b", begin + "NN" + sources + "NOMINATIVE\t\tF\t" + end},
-        {"JJ", "b", begin + "JJ" + sources + "\tPOSITIVE\tF\t" + end},
-        {"", "b", begin + sources + "\t\tF\t" + end},
-    };
-    for (const auto& row : rows) {
-        EnglishLexicalEntry entry = walks();
-        entry.set_lemma_pos(row.lemma_pos);
-        entry.set_mood(row.mood);
-        EXPECT_EQ(entry.to_string(), row.expected);
+        for (const std::string line : lines)
+            expected += std::string("walks\twalk\t") + lemma_pos + "\tVBZ\tw1,w2\tl\tp\t" + line +
+                        "\tSINGULAR\t3\tPRESENT\tmotion\n";
+        EXPECT_EQ(entry.to_string(), expected);
     }
-    EXPECT_EQ(EnglishLexicalEntry("walk", "walks", "").to_string(), "");
-    EXPECT_EQ(EnglishLexicalEntry().to_string(), "");
+    EXPECT_EQ(EnglishLexicalEntry("walk", "walks", "").to_string() + EnglishLexicalEntry().to_string(), "");
     walks().export_entry(nullptr);
 }
 
-TEST(EnglishLexicalEntry, ReadsColumnsAndEmptiesTheMissingOnes) {
+TEST(EnglishLexicalEntry, MissingColumnsAreEmptiedAndResetKeepsWhatItDoesNotName) {
     EnglishLexicalEntry entry = walks();
     entry.set_suffix1("s");
     entry.parse_tokens({"went", "go", "VB", "VBD", "a,b", "", "", "C", "D", "G"});
     EXPECT_EQ(entry.get_num_tokens(), 10);
-    EXPECT_EQ(entry.get_case() + entry.get_comparison_degree() + entry.get_gender(), "CDG");
-    EXPECT_EQ(entry.get_mood() + entry.get_number() + entry.get_person() + entry.get_tense() + entry.get_semtype(), "");
-    EXPECT_EQ(entry.get_word_form() + entry.get_lemma_pos() + entry.get_pos() + entry.get_suffix1(), "wentVBVBDs");
-    entry.parse_tokens({"a", "b", "", "", "", "", "", "", "", "", "M,N", "NU", "P", "T", "S", "more"});
-    EXPECT_EQ(entry.get_mood() + entry.get_number() + entry.get_person() + entry.get_tense() + entry.get_semtype(),
-              "M,NNUPTS");
-}
-
-TEST(EnglishLexicalEntry, ResetKeepsWhatItDoesNotName) {
-    EnglishLexicalEntry entry = walks();
+    EXPECT_EQ(summary(entry), "went|go|VB|VBD|C|D|G||||||s");
+    entry = walks();
+    entry.set_suffix1("s");
+    entry.set_suffix2("ks");
     entry.reset();
-    EXPECT_EQ(entry.get_word_form() + entry.get_lemma() + entry.get_case() + entry.get_comparison_degree() +
-                  entry.get_number() + entry.get_person() + entry.get_mood() + entry.get_tense(),
-              "");
-    EXPECT_EQ(entry.get_gender() + entry.get_semtype() + entry.get_pos() + entry.get_lemma_pos(), "FmotionVBZVB");
+    EXPECT_EQ(summary(entry), "||VB|VBZ|||F|||||motion|ks");
     EXPECT_EQ(entry.size_originating_source_word_forms(), 2U);
-}
-
-TEST(EnglishLexicalEntry, CombinesCommaLists) {
-    const char* const rows[][3] = {
-        {"", "x", "x"}, {"x", "", "x"}, {"b,a", "a", "a,b"}, {"b,a", "b,a", "b,a"}, {"NOM", "ACC,GEN", "ACC,GEN,NOM"},
-        {"", "", ""}};
-    for (const auto& [left, right, expected] : rows)
-        EXPECT_EQ(EnglishLexicalEntry().combine(left, right), expected) << left << ' ' << right;
+    entry.set_suffix3("lks");
+    EXPECT_EQ(entry.get_longest_suffix(), "lks");
 }
 
 TEST(EnglishLexicalEntry, MergeComparesMoreWhenExtended) {
-    const struct {
-        void (*change)(EnglishLexicalEntry&);
-        bool added_plain, added_extended;
-    } rows[] = {
-        {[](auto&) {}, false, false},
-        {[](auto& e) { e.set_tense("PAST"); }, false, true},
-        {[](auto& e) { e.set_number(""); }, false, true},
-        {[](auto& e) { e.set_mood("X"); }, false, true},
-        {[](auto& e) { e.set_case("X"); }, false, true},
-        {[](auto& e) { e.set_person("X"); }, false, true},
-        {[](auto& e) { e.set_lemma_pos("X"); }, false, true},
-        {[](auto& e) { e.set_semtype("X"); }, false, true},
-        {[](auto& e) { e.set_semtype(""); }, false, false},
-        {[](auto& e) { e.set_gender("X"); }, false, false},
-        {[](auto& e) { e.set_comparison_degree("X"); }, false, false},
-        {[](auto& e) { e.set_pos("X"); }, true, true},
-        {[](auto& e) { e.set_word_form("walked"); }, true, true},
-    };
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        for (const bool extended : {false, true}) {
-            EnglishLexicalEntry stored = walks(), incoming = walks();
-            BaseLexicalEntry other_kind;
-            rows[i].change(incoming);
-            std::vector<BaseLexicalEntry*> entries;
-            std::multimap<std::string, BaseLexicalEntry*> by_lemma{{"walk", nullptr}, {"walk", &other_kind}};
-            stored.merge(entries, by_lemma, extended);
-            const bool added = incoming.merge(entries, by_lemma, extended);
-            EXPECT_EQ(added, extended ? rows[i].added_extended : rows[i].added_plain) << "row " << i;
-            EXPECT_EQ(entries.size(), added ? 2U : 1U);
-        }
-    }
+    for (std::size_t column = 0; column < 15; ++column)
+        for (const bool extended : {false, true})
+            for (const char* const other : {"other", ""}) {
+                const bool plain = column == 0 || column == 1 || column == 3;
+                const bool ignored = (column >= 4 && column <= 6) || column == 8 || column == 9; // nor if extended
+                const bool unknown = column == 14 && !*other; // an empty semantic type contradicts nothing
+                EnglishLexicalEntry stored = walks(), incoming = walks(column, other);
+                BaseLexicalEntry other_kind;
+                std::vector<BaseLexicalEntry*> entries;
+                std::multimap<std::string, BaseLexicalEntry*> by_lemma{{"walk", nullptr}, {"walk", &other_kind}};
+                stored.merge(entries, by_lemma, extended);
+                const bool added = incoming.merge(entries, by_lemma, extended);
+                EXPECT_EQ(added, plain || (extended && !ignored && !unknown)) << column << other << extended;
+                EXPECT_EQ(entries.size(), added ? 2U : 1U);
+            }
 }
 
 TEST(EnglishLexicalEntry, MergeComparesSpelledOutFormsAndCombinesSomeFeatures) {
-    EnglishLexicalEntry stored = walks(), incoming = walks();
-    stored.parse_tokens({"walks", "walk", "VB", "VBZ"});
+    EnglishLexicalEntry stored("walk", "walks", "VBZ"), incoming = walks(7, "GENITIVE,DATIVE"); // "-s" and "walks"
     incoming.insert_originating_lemmas("o1");
     incoming.insert_originating_wordforms("o2");
     incoming.insert_originating_pos("o3");
-    incoming.set_case("GENITIVE");
-    incoming.set_semtype("act");
     std::vector<BaseLexicalEntry*> entries;
     std::multimap<std::string, BaseLexicalEntry*> by_lemma;
     stored.merge(entries, by_lemma, false);
     stored.set_case("NOMINATIVE,DATIVE");
+    stored.set_semtype("act");
     EXPECT_FALSE(incoming.merge(entries, by_lemma, false));
-    EXPECT_EQ(stored.get_case(), "DATIVE,GENITIVE,NOMINATIVE");
-    EXPECT_EQ(stored.get_comparison_degree() + stored.get_number() + stored.get_mood() + stored.get_semtype(),
-              "POSITIVESINGULARINDICATIVEact");
-    EXPECT_EQ(stored.get_tense() + stored.get_person() + stored.get_gender(), ""); // never filled
+    // Gender, person and tense are never filled.
+    EXPECT_EQ(summary(stored),
+              "walks|walk|VB|VBZ|DATIVE,GENITIVE,NOMINATIVE|POSITIVE||INDICATIVE|SINGULAR|||act,motion|");
     EXPECT_TRUE(stored.contains_originating_lemmas("o1") && stored.contains_originating_word_forms("o2") &&
                 stored.contains_originating_pos("o3") && stored.contains_originating_source_word_forms("w2") &&
                 stored.contains_originating_source_lemmas("l") && stored.contains_originating_source_pos("p"));
-}
-
-TEST(EnglishLexicalEntry, LongestSuffix) {
-    EnglishLexicalEntry entry;
-    EXPECT_EQ(entry.get_longest_suffix(), "");
-    entry.set_suffix1("g");
-    EXPECT_EQ(entry.get_longest_suffix(), "g");
-    entry.set_suffix2("ing");
-    EXPECT_EQ(entry.get_longest_suffix(), "ing");
-    entry.set_suffix3("king");
-    EXPECT_EQ(entry.get_longest_suffix(), "king");
+    EXPECT_EQ(stored.combine("b,a", "b,a") + stored.combine("x", ""), "b,ax"); // equal lists keep their order
 }
 
 } // namespace
