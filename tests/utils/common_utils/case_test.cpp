@@ -3,27 +3,24 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <tuple>
 
 using namespace std::string_literals;
 
 namespace zelvor {
 
 TEST(Case, MapsTheFirstTheRestAndTheWhole) {
-    const struct {
-        std::string text, capitalized, downcased, rest_downcased, lowercase;
-    } rows[] = {
-        {"", "", "", "", ""},
-        {"ÉLAN ÉTÉ", "ÉLAN ÉTÉ", "éLAN ÉTÉ", "Élan été", "élan été"},
-        {"ßx", "SSx", "ßx", "ßx", "ßx"},                                                  // one character becomes two
-        {"ὁ ΛΌΓΟΣ", "Ὁ ΛΌΓΟΣ", "ὁ ΛΌΓΟΣ", "ὁ λόγος", "ὁ λόγος"},                          // final sigma
-        {"a\0BC"s, "A\0BC"s, "a\0BC"s, "a\0bc"s, "a\0bc"s},                               // nothing after a NUL is lost
-        {"A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3"}, // invalid: unchanged
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(capitalize_first_unicode(row.text), row.capitalized);
-        EXPECT_EQ(downcase_first_unicode_glib(row.text).raw(), row.downcased);
-        EXPECT_EQ(downcase_rest_unicode(row.text).raw(), row.rest_downcased);
-        EXPECT_EQ(convert_lowercase(row.text), row.lowercase);
+    // One character becomes two; a final sigma; nothing after a NUL is lost; invalid text is unchanged.
+    using Row = std::tuple<std::string, std::string, std::string, std::string, std::string>;
+    for (const auto& [text, capitalized, downcased, rest_downcased, lowercase] :
+         {Row("", "", "", "", ""), Row("ÉLAN ÉTÉ", "ÉLAN ÉTÉ", "éLAN ÉTÉ", "Élan été", "élan été"),
+          Row("ßx", "SSx", "ßx", "ßx", "ßx"), Row("ὁ ΛΌΓΟΣ", "Ὁ ΛΌΓΟΣ", "ὁ ΛΌΓΟΣ", "ὁ λόγος", "ὁ λόγος"),
+          Row("a\0BC"s, "A\0BC"s, "a\0BC"s, "a\0bc"s, "a\0bc"s),
+          Row("A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3", "A\xFF Bé\xC3")}) {
+        EXPECT_EQ(capitalize_first_unicode(text), capitalized);
+        EXPECT_EQ(downcase_first_unicode_glib(text).raw(), downcased);
+        EXPECT_EQ(downcase_rest_unicode(text).raw(), rest_downcased);
+        EXPECT_EQ(convert_lowercase(text), lowercase);
     }
     EXPECT_EQ(capitalize_multi_token_expression("  île  de\tla a\xFF cité ").raw(), "Île De\tla a\xFF Cité");
 }

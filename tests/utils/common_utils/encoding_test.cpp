@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace std::string_literals;
 
 namespace zelvor {
@@ -15,15 +17,12 @@ TEST(Encoding, Latin1BecomesUtf8UpToItsFirstNul) {
 
 TEST(Encoding, ConvertsIntoTheFirstFromTheSecond) {
     const std::string many(3000, '\xE4');
-    const std::string rows[][4] = {
-        {"äz", "ISO-8859-1", "UTF-8", "\xE4z"},
-        {many, "UTF-8", "ISO-8859-1", convert_latin1_to_utf8(many)}, // several buffers
-        {"\x80", "UTF-8", "CP1252", "€"},                            // more than twice as long
-        {"ab\xFFz", "UTF-16LE", "UTF-8", "a"},                       // ends at the first zero byte
-        {"ab\xFFz", "ISO-8859-1", "UTF-8", "ab"},                    // ends where the input is invalid
-        {"a", "UTF-8", "no such encoding", ""},
-    };
-    for (const auto& [text, into, from, expected] : rows)
+    // Several buffers; more than twice as long; ends at the first zero byte; ends where the input is invalid.
+    using Row = std::tuple<std::string, std::string, std::string, std::string>;
+    for (const auto& [text, into, from, expected] :
+         {Row("äz", "ISO-8859-1", "UTF-8", "\xE4z"), Row(many, "UTF-8", "ISO-8859-1", convert_latin1_to_utf8(many)),
+          Row("\x80", "UTF-8", "CP1252", "€"), Row("ab\xFFz", "UTF-16LE", "UTF-8", "a"),
+          Row("ab\xFFz", "ISO-8859-1", "UTF-8", "ab"), Row("a", "UTF-8", "no such encoding", "")})
         EXPECT_EQ(convert_encoding(text, into, from), expected) << into << " from " << from;
 }
 

@@ -8,14 +8,12 @@ namespace zelvor {
 namespace {
 
 TEST(Numbers, DoublesAsAClassicStreamReadsThem) {
-    const struct {
-        const char* text;
-        double expected;
-    } rows[] = {{"0.5", 0.5}, {" -2e3x", -2000.0}, {"1,5", 1.0},  {"", 0.0},   {"abc", 0.0},
-                {"nan", 0.0}, {"inf", 0.0},        {"0x10", 0.0}, {".5", 0.5}, {"-", 0.0}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(convert_string_to_double(row.text), row.expected) << row.text;
-        EXPECT_EQ(convert_ustring_to_double(row.text), row.expected) << row.text;
+    using Row = std::pair<const char*, double>;
+    for (const auto& [text, expected] :
+         {Row("0.5", 0.5), Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("abc", 0.0), Row("nan", 0.0),
+          Row("inf", 0.0), Row("0x10", 0.0), Row(".5", 0.5), Row("-", 0.0)}) {
+        EXPECT_EQ(convert_string_to_double(text), expected) << text;
+        EXPECT_EQ(convert_ustring_to_double(text), expected) << text;
     }
 }
 

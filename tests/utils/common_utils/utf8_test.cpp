@@ -11,24 +11,16 @@ namespace zelvor {
 namespace {
 
 TEST(Utf8, DecodesValidTextAndReplacesEachBadByte) {
-    const struct {
-        std::string_view text;
-        std::u32string_view expected;
-    } rows[] = {
-        {""sv, U""sv},
-        {"a\0b"sv, U"a\0b"sv},
-        {"\xC3\xA4\xE1\xBF\xA6\xF0\x9F\x9C\x82"sv, U"ä\u1FE6\U0001F702"sv},
-        {"\x80z"sv, U"\uFFFDz"sv},                            // stray continuation
-        {"\xC3"sv, U"\uFFFD"sv},                              // truncated, at the end
-        {"\xE1\xBF"sv, U"\uFFFD\uFFFD"sv},                    // truncated three-byte form
-        {"\xC0\xAF"sv, U"\uFFFD\uFFFD"sv},                    // overlong "/"
-        {"\xED\xA0\x80"sv, U"\uFFFD\uFFFD\uFFFD"sv},          // surrogate
-        {"\xF4\x90\x80\x80"sv, U"\uFFFD\uFFFD\uFFFD\uFFFD"sv} // above U+10FFFF
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(std::string(row.text)));
-        EXPECT_EQ(decode_utf8(row.text), row.expected);
-        EXPECT_EQ(is_valid_utf8(row.text), row.expected.find(REPLACEMENT_CHARACTER) == row.expected.npos);
+    // A stray continuation byte, truncated characters, an overlong "/", a surrogate, and one above U+10FFFF.
+    using Row = std::pair<std::string_view, std::u32string_view>;
+    for (const auto& [text, expected] :
+         {Row(""sv, U""sv), Row("a\0b"sv, U"a\0b"sv),
+          Row("\xC3\xA4\xE1\xBF\xA6\xF0\x9F\x9C\x82"sv, U"ä\u1FE6\U0001F702"sv), Row("\x80z"sv, U"\uFFFDz"sv),
+          Row("\xC3"sv, U"\uFFFD"sv), Row("\xE1\xBF"sv, U"\uFFFD\uFFFD"sv), Row("\xC0\xAF"sv, U"\uFFFD\uFFFD"sv),
+          Row("\xED\xA0\x80"sv, U"\uFFFD\uFFFD\uFFFD"sv), Row("\xF4\x90\x80\x80"sv, U"\uFFFD\uFFFD\uFFFD\uFFFD"sv)}) {
+        SCOPED_TRACE(testing::PrintToString(std::string(text)));
+        EXPECT_EQ(decode_utf8(text), expected);
+        EXPECT_EQ(is_valid_utf8(text), expected.find(REPLACEMENT_CHARACTER) == expected.npos);
     }
     EXPECT_TRUE(is_valid_utf8("\xEF\xBF\xBD")); // U+FFFD itself is valid text
 }
