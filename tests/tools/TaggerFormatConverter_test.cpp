@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <map>
 #include <sstream>
+#include <tuple>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -110,25 +111,17 @@ TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
     directory.write("secret.ent", "<c>(</c>");
     ASSERT_EQ(mkfifo(directory.path("corpus/pipe.ent").c_str(), 0600), 0);
     std::filesystem::create_symlink(directory.path("secret.ent"), directory.path("corpus/link.ent"));
-    const struct {
-        std::string address, tokens;
-    } rows[] = {{"parts/in.ent", ", $,\n"},
-                {"parts/in%20side.ent", ", $,\n"},
-                {directory.path("corpus/parts/in.ent"), ", $,\n"},
-                {"file://" + directory.path("corpus/parts/in.ent"), ", $,\n"},
-                {"../secret.ent", ""},
-                {"link.ent", ""},
-                {directory.path("secret.ent"), ""},
-                {"pipe.ent", ""},
-                {"/dev/zero", ""},
-                {"http://127.0.0.1:9/x.ent", ""},
-                {"missing.ent", ""},
-                {"parts", ""}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.address);
-        const std::string file = directory.write("corpus/a.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM \"" + row.address +
+    using Row = std::pair<std::string, std::string>;
+    for (const auto& [address, tokens] :
+         {Row("parts/in.ent", ", $,\n"), Row("parts/in%20side.ent", ", $,\n"),
+          Row(directory.path("corpus/parts/in.ent"), ", $,\n"),
+          Row("file://" + directory.path("corpus/parts/in.ent"), ", $,\n"), Row("../secret.ent", ""),
+          Row("link.ent", ""), Row(directory.path("secret.ent"), ""), Row("pipe.ent", ""), Row("/dev/zero", ""),
+          Row("http://127.0.0.1:9/x.ent", ""), Row("missing.ent", ""), Row("parts", "")}) {
+        SCOPED_TRACE(address);
+        const std::string file = directory.write("corpus/a.xml", "<!DOCTYPE s [<!ENTITY e SYSTEM \"" + address +
                                                                      "\"><!ENTITY i 'x'>]><s>&e;<c>.</c></s>");
-        EXPECT_EQ(convert(file), report("corpus/a.xml", row.tokens + ". $.\n"));
+        EXPECT_EQ(convert(file), report("corpus/a.xml", tokens + ". $.\n"));
     }
 }
 
@@ -153,23 +146,17 @@ TEST_F(Converter, CommandLine) {
                       no_output = "Option output_filename is missing!\n";
     const std::string file = directory.write("a.txt", ""), out = directory.path("out"),
                       line = "input filename: " + file + "\n";
-    const struct {
-        std::string arguments, output;
-        int status;
-    } rows[] = {
-        {"-h", log + usage, 0},
-        {"--verbose 3 -i x -o y --help -z", log + usage, 0},
-        {"2>&1", log + no_input, 10},
-        {"-i '' -o x 2>&1", log + no_input, 10},
-        {"-i " + file + " 2>&1", log + no_output, 10},
-        {"-i " + file + " -o " + out + " 2>&1", log + line, 0},
-        {"--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, log + line, 0},
-        {"-v 3 -i " + file + " -o " + out + " 2>/dev/null", log + line, 0}, // a complaint of getopt, then the run
-        {"-i " + file + " -o /no/such/folder/out 2>&1", log + line, 0},
-        {"--verbose -i " + file + " -o " + out + " 2>&1", log + no_input, 10}, // the option takes "-i" as its value
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(run_tool(row.arguments), std::pair(row.output, row.status)) << row.arguments;
+    // A complaint of getopt goes to standard error, then the run; an option takes "-i" as its value.
+    using Row = std::tuple<std::string, std::string, int>;
+    for (const auto& [arguments, output, status] :
+         {Row("-h", log + usage, 0), Row("--verbose 3 -i x -o y --help -z", log + usage, 0),
+          Row("2>&1", log + no_input, 10), Row("-i '' -o x 2>&1", log + no_input, 10),
+          Row("-i " + file + " 2>&1", log + no_output, 10), Row("-i " + file + " -o " + out + " 2>&1", log + line, 0),
+          Row("--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, log + line, 0),
+          Row("-v 3 -i " + file + " -o " + out + " 2>/dev/null", log + line, 0),
+          Row("-i " + file + " -o /no/such/folder/out 2>&1", log + line, 0),
+          Row("--verbose -i " + file + " -o " + out + " 2>&1", log + no_input, 10)})
+        EXPECT_EQ(run_tool(arguments), std::pair(output, status)) << arguments;
 }
 
 TEST_F(Converter, BothStreamsMeetInOrderInAPipe) {

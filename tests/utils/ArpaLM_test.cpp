@@ -83,21 +83,20 @@ TEST_F(Arpa, ModelsMayLackUnknownWordsAndCount) {
 TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
     ASSERT_TRUE(load("\\data\\\nngram 1=2\n\\1-grams:\n-1 </s>\n-0.5 rex\n\\end\\\n"));
     const std::string start = "\\data\\\n\\1-grams:\n-1 novum\n";
-    const std::pair<std::string, const char*> rows[] = {
-        {"", "line 0: expected \"\\data\\\""},
-        {"\x1F\x8B\x08\n\\data\\\n", "line 1: expected text, but the file is compressed"},
-        {std::string("\0\xFF\n\0", 4), "line 2: expected \"\\data\\\""},
-        {"\\data\\\nngram 1:2\n", "line 2: expected \"ngram ORDER=COUNT\""},
-        {"\\data\\\n\\end\\\n", "line 2: expected a section"},
-        {"\\data\\\n\\2-grams:\n", "line 2: expected \"\\1-grams:\""},
-        {start + "\\3-grams:\n", "line 4: expected \"\\2-grams:\" or \"\\end\\\""},
-        {start + "-1\n", "line 4: expected a log10 probability, 1 words"},
-        {start + "-1 a -0,5\n", "line 4: expected a log10"},
-        {start + "nan a\n", "line 4: expected a log10"},
-        {start + "0.5 a\n", "line 4: expected a log10"},
-        {start + "-1 " + std::string(10'000'000, 'a') + " b\n", "aaa..."},
-        {start + "\\2-grams:\n-1 novum b\n", "line 5: expected words of the 1-grams, not b"}};
-    for (const auto& [text, message] : rows) {
+    using Row = std::pair<std::string, const char*>;
+    for (const auto& [text, message] :
+         {Row("", "line 0: expected \"\\data\\\""),
+          Row("\x1F\x8B\x08\n\\data\\\n", "line 1: expected text, but the file is compressed"),
+          Row(std::string("\0\xFF\n\0", 4), "line 2: expected \"\\data\\\""),
+          Row("\\data\\\nngram 1:2\n", "line 2: expected \"ngram ORDER=COUNT\""),
+          Row("\\data\\\n\\end\\\n", "line 2: expected a section"),
+          Row("\\data\\\n\\2-grams:\n", "line 2: expected \"\\1-grams:\""),
+          Row(start + "\\3-grams:\n", "line 4: expected \"\\2-grams:\" or \"\\end\\\""),
+          Row(start + "-1\n", "line 4: expected a log10 probability, 1 words"),
+          Row(start + "-1 a -0,5\n", "line 4: expected a log10"), Row(start + "nan a\n", "line 4: expected a log10"),
+          Row(start + "0.5 a\n", "line 4: expected a log10"),
+          Row(start + "-1 " + std::string(10'000'000, 'a') + " b\n", "aaa..."),
+          Row(start + "\\2-grams:\n-1 novum b\n", "line 5: expected words of the 1-grams, not b")}) {
         log.records.str("");
         EXPECT_FALSE(load(text)) << message;
         EXPECT_TRUE(log.has("ERROR CAPTURED_LOG : " + directory.path("model.arpa: line "))) << message;

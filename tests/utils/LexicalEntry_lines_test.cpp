@@ -61,11 +61,9 @@ TEST(LatinLine, FieldsOfOneLineShiftWhereOneIsEmpty) {
 }
 
 TEST(LatinLine, PersonsAreConverted) {
-    const char* const rows[][2] = {{"FIRST_PERSON", "PERSON_1"},
-                                   {"THIRD_PERSON", "PERSON_3"},
-                                   {"PERSON_2", "PERSON_2"},
-                                   {"first_person", "first_person"}};
-    for (const auto& [written, stored] : rows) {
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [written, stored] : {Row("FIRST_PERSON", "PERSON_1"), Row("THIRD_PERSON", "PERSON_3"),
+                                          Row("PERSON_2", "PERSON_2"), Row("first_person", "first_person")}) {
         LexicalEntry full, tagger;
         full.parse_latin(line_of(22, {{16, written}}));
         tagger.parse_latin_tagger(line_of(22, {{16, written}}));

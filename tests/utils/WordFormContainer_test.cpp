@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 namespace zelvor {
 namespace {
@@ -10,28 +11,21 @@ namespace {
 using Candidates = WordFormContainer::Candidates;
 
 TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
-    const struct {
-        Candidates before;
-        const char* lemma;
-        double score;
-        Candidates after;
-    } rows[] = {
-        {{}, "a", 0.5, {{"a", 0.5}}},
-        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}}},
-        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.2, {{"b", 0.9}, {"a", 0.3}}},
-        {{{"b", 0.9}}, "c", 0.9, {{"b", 0.9}, {"c", 0.9}}},
-        {{{"b", 0.9}, {"a", 0.3}}, "a", 0.95, {{"a", 0.95}, {"b", 0.9}}},
-        {{{"b", 0.9}, {"c", 0.4}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}},
-        // Lists that are out of order are taken as they stand: the first step that applies decides.
-        {{{"b", 0.4}, {"a", 0.6}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}}},
-        {{{"b", 0.4}, {"a", 0.1}, {"a", 0.2}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}, {"a", 0.2}}},
-    };
-    for (const auto& row : rows) {
+    // Lists that are out of order are taken as they stand: the first step that applies decides.
+    using Row = std::tuple<Candidates, const char*, double, Candidates>;
+    for (const auto& [before, lemma, score, after] :
+         {Row({}, "a", 0.5, {{"a", 0.5}}), Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}}),
+          Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.2, {{"b", 0.9}, {"a", 0.3}}),
+          Row({{"b", 0.9}}, "c", 0.9, {{"b", 0.9}, {"c", 0.9}}),
+          Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.95, {{"a", 0.95}, {"b", 0.9}}),
+          Row({{"b", 0.9}, {"c", 0.4}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}),
+          Row({{"b", 0.4}, {"a", 0.6}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}}),
+          Row({{"b", 0.4}, {"a", 0.1}, {"a", 0.2}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}, {"a", 0.2}})}) {
         WordFormContainer container;
-        for (const auto& [lemma, score] : row.before)
-            container.add_predicted_lemmas(lemma, score);
-        container.merge_max_predicted_lemmas(row.lemma, row.score);
-        EXPECT_EQ(Candidates(container.begin_predicted_lemmas(), container.end_predicted_lemmas()), row.after);
+        for (const auto& candidate : before)
+            container.add_predicted_lemmas(candidate.first, candidate.second);
+        container.merge_max_predicted_lemmas(lemma, score);
+        EXPECT_EQ(Candidates(container.begin_predicted_lemmas(), container.end_predicted_lemmas()), after);
     }
     WordFormContainer container;
     container.add_predicted_lemmas("a", 0.5);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 namespace zelvor {
 namespace {
@@ -66,19 +67,14 @@ TEST(LMScoreFunctor, PoolsLinearlyOrLogarithmically) {
 }
 
 TEST(CombineLemmas, KeepsWhatTheLexiconConfirms) {
-    const struct {
-        Candidates predicted;
-        std::set<std::string> lexicon;
-        const char* language;
-        Strings expected;
-    } rows[] = {{{{"esse", 1}}, {"esse", "sum"}, "la", {"esse", "sum"}},
-                {{{"sum", 1}, {"esse", 1}}, {"esse", "sum"}, "la", {"sum", "esse"}},
-                {{{"esse", 1}}, {"esse", "sum"}, "en", {"esse"}},
-                {{{"x", 1}}, {"esse", "sum"}, "la", {"sum"}},
-                {{{"Rex", 1}, {"rex", 2}, {"ÓS", 1}}, {"rex", "ós"}, "la", {"rex", "rex", "ós"}},
-                {{{"x", 1}, {"", 1}}, {"b", "a"}, "", {"a", "b"}},
-                {{{"x", 1}, {"a", 2}, {"x", 3}}, {}, "la", {"x", "a", "x"}}};
-    for (auto [predicted, lexicon, language, expected] : rows) {
+    using Row = std::tuple<Candidates, std::set<std::string>, const char*, Strings>;
+    for (auto [predicted, lexicon, language, expected] :
+         {Row({{"esse", 1}}, {"esse", "sum"}, "la", {"esse", "sum"}),
+          Row({{"sum", 1}, {"esse", 1}}, {"esse", "sum"}, "la", {"sum", "esse"}),
+          Row({{"esse", 1}}, {"esse", "sum"}, "en", {"esse"}), Row({{"x", 1}}, {"esse", "sum"}, "la", {"sum"}),
+          Row({{"Rex", 1}, {"rex", 2}, {"ÓS", 1}}, {"rex", "ós"}, "la", {"rex", "rex", "ós"}),
+          Row({{"x", 1}, {"", 1}}, {"b", "a"}, "", {"a", "b"}),
+          Row({{"x", 1}, {"a", 2}, {"x", 3}}, {}, "la", {"x", "a", "x"})}) {
         std::map<std::string, double> scores;
         Strings intersection;
         combine_lemmas(predicted.begin(), predicted.end(), lexicon, language, scores, intersection);
@@ -151,12 +147,11 @@ TEST_F(CandidateChoice, WorksWithoutModelAndLogAndKeepsTheOrderOfEquals) {
 }
 
 TEST(Suffix, BehindTheCommonPart) {
-    const struct {
-        const char *lemma, *word_form, *expected;
-    } rows[] = {{"amo", "amabat", "abat"}, {"am", "amat", "t"}, {"am", "am", ""},  {"am", "ama", ""},
-                {"amo", "am", ""},         {"amo", "rex", ""},  {"", "abc", "bc"}, {"", "", ""},
-                {"dēs", "dēt", "t"},       {"dē", "dēūs", "s"}, {"dé", "dē", "ē"}, {"a\xC4", "a\xC4", ""}};
-    for (const auto& [lemma, word_form, expected] : rows)
+    using Row = std::tuple<const char*, const char*, const char*>;
+    for (const auto& [lemma, word_form, expected] :
+         {Row("amo", "amabat", "abat"), Row("am", "amat", "t"), Row("am", "am", ""), Row("am", "ama", ""),
+          Row("amo", "am", ""), Row("amo", "rex", ""), Row("", "abc", "bc"), Row("", "", ""), Row("dēs", "dēt", "t"),
+          Row("dē", "dēūs", "s"), Row("dé", "dē", "ē"), Row("a\xC4", "a\xC4", "")})
         EXPECT_EQ(get_suffix(lemma, word_form).raw(), expected) << lemma << ' ' << word_form;
 }
 

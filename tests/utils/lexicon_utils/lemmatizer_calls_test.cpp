@@ -126,16 +126,13 @@ TEST_F(ExternalPrograms, TagsWithTheirOwnWordFormsAppend) {
 
 TEST_F(ExternalPrograms, SurviveWhateverComesBack) {
     const std::string quiet = "exec 2>/dev/null; ";
-    const std::pair<const char*, const char*> rows[] = {
-        {"exit 3", ""},
-        {"kill -9 $$", ""},
-        {"printf ' \\n   \\namat\\n'", ""},
-        {"printf 'amat a||1\\r\\n'", "a=1 "},
-        {"printf 'amat a||1 \\0 b||2\\namat \\377||-3e999'", "a=1 \xFF=-1.79769e+308 "},
-        {"printf 'amat '; head -c 10000000 /dev/zero | tr '\\0' x; echo ' b||2'", "b=2 "},
-        {"head -c 100000 /dev/zero", ""},
-        {"head -c 1000000 /dev/zero | tr '\\0' ' '", ""}};
-    for (const auto& [commands, expected] : rows) {
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [commands, expected] :
+         {Row("exit 3", ""), Row("kill -9 $$", ""), Row("printf ' \\n   \\namat\\n'", ""),
+          Row("printf 'amat a||1\\r\\n'", "a=1 "),
+          Row("printf 'amat a||1 \\0 b||2\\namat \\377||-3e999'", "a=1 \xFF=-1.79769e+308 "),
+          Row("printf 'amat '; head -c 10000000 /dev/zero | tr '\\0' x; echo ' b||2'", "b=2 "),
+          Row("head -c 100000 /dev/zero", ""), Row("head -c 1000000 /dev/zero | tr '\\0' ' '", "")}) {
         script("lemmatizer", commands);
         amat = WordFormContainer();
         call_lemmatizer(t, nullptr, {}, quiet + program, "m", "s", containers, nullptr);

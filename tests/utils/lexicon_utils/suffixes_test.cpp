@@ -21,22 +21,15 @@ struct Endings : testing::Test {
 };
 
 TEST_F(Endings, BecomeSuffixesOfGrowingLength) {
-    const std::pair<const char*, std::string> rows[] = {
-        {"walking", "ing old old"},   // two pieces, lk and ing, make no second suffix
-        {"thing", "ing old old"},     // one piece
-        {"xxxxxxxabc", "c bc old"},   // three pieces
-        {"xxxxxxxxdabc", "c bc abc"}, // four
-        {"xxxdabc", "c bc old"},      // three bytes are not fewer than half of seven characters
-        {"dabc", "c old old"},        // nor two than half of four
-        {"\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4"
-         "dabc",
-         "c bc abc"},                 // characters of the word form, not bytes
-        {"\xC3\xA4x", "old old old"}, // known, but begins with a byte that is no letter
-        {"3a", "old old old"},
-        {"q", "old old old"},
-        {"", "old old old"},
-    };
-    for (const auto& [word_form, suffixes] : rows) {
+    // lk and ing are two pieces and make no second suffix, thing has one, abc three and dabc four. Three bytes are not
+    // fewer than half of seven characters, nor two than half of four; characters are counted, not bytes. What begins
+    // with a byte that is no letter is left alone.
+    using Row = std::pair<const char*, std::string>;
+    for (const auto& [word_form, suffixes] :
+         {Row("walking", "ing old old"), Row("thing", "ing old old"), Row("xxxxxxxabc", "c bc old"),
+          Row("xxxxxxxxdabc", "c bc abc"), Row("xxxdabc", "c bc old"), Row("dabc", "c old old"),
+          Row("äääädabc", "c bc abc"), Row("\xC3\xA4x", "old old old"), Row("3a", "old old old"),
+          Row("q", "old old old"), Row("", "old old old")}) {
         LexicalEntry entry("lemma", word_form, "N");
         for (auto set :
              {&EnglishLexicalEntry::set_suffix1, &EnglishLexicalEntry::set_suffix2, &EnglishLexicalEntry::set_suffix3})
