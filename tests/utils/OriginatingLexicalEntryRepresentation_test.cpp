@@ -55,11 +55,9 @@ TEST(Provenance, PrintsAllWhereEverySourceAttestsAValue) {
     entry.insert_originating_wordforms("amice");
     entry.insert_originating_pos("N");
     const unsigned int before = Entry::num_sources;
-    for (const auto& [sources, sets] :
-         std::initializer_list<std::pair<unsigned int, const char*>>{{0, "amicus\tamice,amicus\tN"},
-                                                                     {1, "all\tall\tall"},
-                                                                     {2, "amicus\tall\tN"},
-                                                                     {3, "amicus\tamice,amicus\tN"}}) {
+    using Row = std::pair<unsigned int, const char*>;
+    for (const auto& [sources, sets] : {Row(0, "amicus\tamice,amicus\tN"), Row(1, "all\tall\tall"),
+                                        Row(2, "amicus\tall\tN"), Row(3, "amicus\tamice,amicus\tN")}) {
         Entry::num_sources = sources;
         std::ostringstream os;
         os << entry;

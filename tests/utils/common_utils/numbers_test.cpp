@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace zelvor {
-namespace {
 
 TEST(Numbers, DoublesAsAClassicStreamReadsThem) {
     using Row = std::pair<const char*, double>;
@@ -38,5 +37,4 @@ TEST(Numbers, CountsFromAFile) {
     EXPECT_EQ(counts["k"] + counts["new"], 8);
 }
 
-} // namespace
 } // namespace zelvor

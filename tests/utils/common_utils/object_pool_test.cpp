@@ -8,7 +8,6 @@
 #include <vector>
 
 namespace zelvor {
-namespace {
 
 TEST(ObjectPool, ObjectsDoNotOverlapAndReleasedOnesAreUsedAgain) {
     constexpr std::size_t size = 1928, count = 4000; // several blocks
@@ -38,5 +37,4 @@ TEST(ObjectPool, ObjectsDoNotOverlapAndReleasedOnesAreUsedAgain) {
     EXPECT_FALSE(distinct.contains(pool.allocate()));
 }
 
-} // namespace
 } // namespace zelvor

@@ -8,7 +8,6 @@
 using namespace std::string_view_literals;
 
 namespace zelvor {
-namespace {
 
 TEST(Utf8, DecodesValidTextAndReplacesEachBadByte) {
     // A stray continuation byte, truncated characters, an overlong "/", a surrogate, and one above U+10FFFF.
@@ -36,5 +35,4 @@ TEST(Utf8, EncodingInvertsDecodingAtEveryLengthBoundary) {
     EXPECT_EQ(text, "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-} // namespace
 } // namespace zelvor

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace zelvor {
-namespace {
 
 TEST(LemmatizerMaps, SingleCachesKeepWholeLines) {
     const TemporaryDirectory directory;
@@ -99,5 +98,4 @@ TEST(LemmatizerMaps, IndexesByTag) {
     EXPECT_TRUE(containers.empty() && word_forms.empty());
 }
 
-} // namespace
 } // namespace zelvor
