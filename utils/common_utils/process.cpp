@@ -37,11 +37,12 @@ std::string exec(const std::string& cmd) {
 bool equivalent(const std::string& s1, const std::string& s2, const std::string& temp_directory) {
     const std::string filename1 = temp_directory + "/file1.txt";
     const std::string filename2 = temp_directory + "/file2.txt";
-    const bool written = write_line(filename1, s1) & write_line(filename2, s2); // both are tried
+    const bool written1 = write_line(filename1, s1);
+    const bool written2 = write_line(filename2, s2);
     // diff reports missing files on standard error; only as output do they count as a difference
     const std::string differences = exec("diff --brief -b -B " + filename1 + " " + filename2 + " 2>&1");
     std::cout << differences << std::endl;
-    return written && differences.empty(); // files of an earlier call may still be there
+    return written1 && written2 && differences.empty(); // files of an earlier call may still be there
 }
 
 void start_time() {
