@@ -136,6 +136,7 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
                  log4cpp::Category* pmain_cat) {
     std::set<std::string> used_conclusions;
     std::vector<const Rule*> used_rules;
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::string input = lemma; // may be an element of the list that grows
     log_info(pmain_cat, "number of rules: " + std::to_string(rules.size()));
     for (const Rule* const rule : rules) {
