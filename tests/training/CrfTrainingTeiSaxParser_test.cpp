@@ -102,6 +102,9 @@ TEST_F(TeiReader, ParseFailuresAreReportedAndLeaveTheTokenOpen) {
     parse("<s>" + word("a", "amo") + "gathered" + word("b") + word("c", "amo") + word("d", "xx") + "</s>");
     EXPECT_EQ(sentences(), "b amo Verb;|");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Failed to parse m\nFailed to parse m\nFailed to parse \n");
+    // What was gathered is still there at the end of an outer token.
+    parse("<s><c>" + word(",", "amo") + "</c><c>" + word("", "amo") + ".</c></s>");
+    EXPECT_EQ(sentences(), ", , $,;. . $.;|");
     testing::internal::CaptureStderr();
     parse("<s>" + word("a", "x" + std::string(1500, '[') + std::string(1500, ']') + "x") + word("b") + "</s>");
     EXPECT_EQ(sentences(), "b amo Verb;|");

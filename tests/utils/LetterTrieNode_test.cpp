@@ -73,12 +73,13 @@ TEST(LetterTrie, CountsMarksLeavesAndSortsChildren) {
 
 TEST(LetterTrie, SearchesASortedVector) {
     const auto key = [](int value) { return value; };
-    for (const std::vector<int>& even : std::vector<std::vector<int>>{{}, {0}, {0, 2}, {0, 2, 4}, {0, 2, 4, 6}})
-        for (int u = -1, size = static_cast<int>(even.size()); u <= 2 * size; ++u) {
+    std::vector<int> even; // 0, 2, 4, ...
+    for (int size = 0; size < 9; even.push_back(2 * size++))
+        for (int u = -1; u <= 2 * size; ++u) {
             const int below = u <= 0 ? -1 : std::min((u - 1) / 2, size - 1);
             EXPECT_EQ(vector_lower_bounds_binary_search(even, u, std::less<>(), key), below) << size << ' ' << u;
-            const int place = u >= 0 && u % 2 == 0 && u < 2 * size ? u / 2 : -1;
-            EXPECT_EQ(vector_binary_search(even, u, std::less<>(), key), place) << size << ' ' << u;
+            const bool inside = u >= 0 && u % 2 == 0 && u / 2 < size;
+            EXPECT_EQ(vector_binary_search(even, u, std::less<>(), key), inside ? u / 2 : -1) << size << ' ' << u;
         }
 }
 
@@ -107,8 +108,10 @@ TEST(LetterTrie, MarksASuffixWhereFewerThanAThirdGoOn) {
         trie.root.find_suffix(str, from, suffix);
         return suffix.raw();
     };
-    // 3 is not below 9 / 3.0
-    EXPECT_EQ(marks(2, "abx", 0) + marks(3, "abx", 0) + marks(2, "zab\xC3", 1) + marks(2, "a", 5), "=a|bx=abx=a|b=");
+    EXPECT_EQ(marks(2, "abx", 0), "=a|bx");
+    EXPECT_EQ(marks(3, "abx", 0), "=abx"); // 3 is not below 9 / 3.0
+    EXPECT_EQ(marks(2, "zab\xC3", 1), "=a|b");
+    EXPECT_EQ(marks(2, "a", 5), "=");
 }
 
 TEST(LetterTrie, ReadsPathsAndStacksOfPaths) {
@@ -228,17 +231,40 @@ struct Reading {
     }
 };
 
-struct Random : std::mt19937 {
-    using std::mt19937::mt19937;
+std::vector<Words> read_segments(LetterTrieNode* n, const std::string& str, std::size_t i, LetterTrieNode* root,
+                                 int d) {
+    const Words word{n->read_off().raw()};
+    if (i >= str.size())
+        return std::vector<Words>(n->is_leaf() && n != root && n->get_parent() != root, word);
+    LetterTrieNode* child = n->look_for_node(str[i]);
+    std::vector<Words> result = child ? read_segments(child, str, i + 1, root, d + 1) : std::vector<Words>();
+    if (n->is_leaf() && n != root && d >= 3)
+        for (const Words& rest : read_segments(root, str, i, root, 0)) {
+            result.push_back(word);
+            result.back().insert(result.back().end(), rest.begin(), rest.end());
+        }
+    return result;
+}
+
+class Random : public std::mt19937 {
+public:
+    explicit Random(unsigned int seed) : std::mt19937(seed) {}
+    std::size_t below(std::size_t limit) { return (*this)() % limit; }
     template<typename T>
     T pick(const std::vector<T>& values) {
-        return values[(*this)() % values.size()];
+        return values[below(values.size())];
     }
-    std::string word(std::size_t letters) {
-        std::string word((*this)() % 6, 'a');
+    std::string word(std::size_t max_length, std::size_t letters) {
+        std::string word(below(max_length + 1), 'a');
         for (char& c : word)
-            c = static_cast<char>(c + (*this)() % letters);
+            c = static_cast<char>(c + below(letters));
         return word;
+    }
+    Words words(std::size_t max_length, std::size_t letters) {
+        Words words(1 + below(8));
+        for (std::string& stored : words)
+            stored = word(max_length, letters);
+        return words;
     }
 };
 
@@ -246,27 +272,25 @@ TEST(LetterTrieFuzzy, AgreesWithTheStepwiseReadingOnRandomTries) {
     const unsigned int seed = std::random_device()();
     Random random(seed);
     for (int round = 0; round < 12000 && !HasFailure(); ++round) {
-        Words words(1 + random() % 8);
-        for (std::string& stored : words)
-            stored = random.word(3);
+        const Words words = random.words(5, 3);
         Trie trie(words);
         std::map<Glib::ustring, double> weights;
         for (const char* pair : {"aa", "ab", "ac", "bb", "bc", "cc"})
-            if (random() % 2)
+            if (random.below(2))
                 weights[pair] = random.pick<double>({0.3, 0.5, 0.75, 1, 1.4, 2.5, 0, -0.25, NOT_A_NUMBER, INF});
-        const WeightGuard guard(random() % 2 ? &weights : nullptr);
-        const std::string str = random.word(4);
+        const WeightGuard guard(random.below(2) ? &weights : nullptr);
+        const std::string str = random.word(5, 4);
         const double t = random.pick<double>({0, -1, 0.4, 1, 1.5, 1.7, 2, 2.2, 2.6, 3, 3, 3.5, NOT_A_NUMBER});
         const double weight_end = random.pick<double>({1, 1, 1, 1, 1, 0.5, 0, 1.7, -0.5});
         const unsigned int threshold = random.pick<unsigned int>({0, 0, 0, 1, 2, 9});
-        LetterTrieNode* start = random() % 4 ? &trie.root : trie.at(random.pick(words));
-        LetterTrieNode* restart = random() % 2 ? &trie.root : nullptr; // null: the root as well
+        LetterTrieNode* start = random.below(4) ? &trie.root : trie.at(random.pick(words));
+        LetterTrieNode* restart = random.below(2) ? &trie.root : nullptr; // null: the root as well
         Set expected, found{nullptr};
         const double before = random.pick<double>({1.7, 0.5, -0.5, 2, NOT_A_NUMBER});
         for (Set* set : {&expected, &found})
             set->insert(new std::pair<double, Glib::ustring>(before, words[0]));
         std::stack<LetterTrieNode*> stack;
-        const bool segmenting = random() % 2;
+        const bool segmenting = random.below(2);
         const int steps =
             segmenting ? start->lookup_string_fuzzy_segment(str, 0, t, found, threshold, weight_end, stack, restart)
                        : start->lookup_string_fuzzy(str, 0, t, found, threshold, weight_end);
@@ -302,6 +326,23 @@ TEST(LetterTrieFuzzy, FindsKnownCases) {
     }
 }
 
+TEST(LetterTrieSegment, AgreesWithTheStepwiseReadingOnRandomTries) {
+    const unsigned int seed = std::random_device()();
+    Random random(seed);
+    for (int round = 0; round < 4000 && !HasFailure(); ++round) {
+        const Words words = random.words(6, 2);
+        Trie trie(words);
+        std::string str = random.word(4, 2);
+        for (std::size_t i = random.below(4); i > 0; --i)
+            str += random.pick(words);
+        LetterTrieNode* start = random.below(4) ? &trie.root : trie.at(random.pick(words));
+        const int depth = static_cast<int>(random.below(6)) - 1;
+        EXPECT_EQ(take(start->segment(str, 0, random.below(2) ? &trie.root : nullptr, depth)),
+                  read_segments(start, str, 0, &trie.root, depth))
+            << "seed " << seed << testing::PrintToString(words) << str << depth;
+    }
+}
+
 TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {
     // A first word needs three characters, a last one two.
     using Row = std::tuple<Words, std::string, unsigned int, std::vector<Words>>; // stored, input, from, splittings
@@ -312,13 +353,16 @@ TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {
               {{"abcdef", "xyz"}, {"abc", "def", "xyz"}}),
           Row({"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {})})
         EXPECT_EQ(take(Trie(stored).root.segment_sorted(str, from)), splittings) << str;
+    EXPECT_EQ(take(Trie({"abc"}).root.segment("abc", 0, nullptr, std::numeric_limits<int>::max())).size(), 1U);
     EXPECT_EQ(Trie({"abc"}).root.segment("abc", 7, nullptr, 0), nullptr);
-    // The word that goes on comes first; a start inside the trie, two characters deep, reads on or ends there.
-    Trie trie({"ab", "abc", "abcd", "cd"});
-    LetterTrieNode* const ab = trie.at("ab");
-    EXPECT_EQ(take(trie.root.segment("abcabcd", 0, nullptr, 0)), std::vector<Words>({{"abc", "abcd"}}));
-    EXPECT_EQ(take(ab->segment("cd", 0, &trie.root, 2)), std::vector<Words>({{"abcd"}}));
-    EXPECT_EQ(take(ab->segment("cd", 0, nullptr, 3)), std::vector<Words>({{"abcd"}, {"ab", "cd"}}));
+}
+
+TEST(LetterTrie, LongRepetitiveInputIsNoBurden) { // trying all paths would take minutes
+    Trie trie({std::string(2000, 'a')});
+    Set matches;
+    EXPECT_EQ(trie.root.lookup_string_fuzzy(std::string(2000, 'a'), 0, 2.0, matches, 0, 1.0), 0);
+    EXPECT_EQ(contents(matches), (std::map<std::string, std::string>{{std::string(2000, 'a'), "2"}}));
+    LetterTrieNode::delete_mem(&matches);
 }
 
 } // namespace
