@@ -1,10 +1,10 @@
 #include "utils/LetterTrieNode.h"
 
+#include "utils/common_utils/object_pool.h"
 #include "utils/common_utils/utf8.h"
 
 #include <algorithm>
 #include <cstdarg>
-#include <limits>
 #include <ostream>
 #include <typeinfo>
 
@@ -49,7 +49,13 @@ std::vector<const LetterTrieNode*> climb(const LetterTrieNode* node) {
     return path;
 }
 
+constinit ObjectPool pool(sizeof(LetterTrieNode));
+
 } // namespace
+
+void* LetterTrieNode::operator new(std::size_t size) { return pool.allocate(size); }
+
+void LetterTrieNode::operator delete(void* pnode, std::size_t size) noexcept { pool.release(pnode, size); }
 
 std::map<Glib::ustring, double>* LetterTrieNode::m_pmap_weights = nullptr;
 
@@ -156,7 +162,7 @@ void LetterTrieNode::delete_tree(LetterTrieNode* proot) {
                 child->m_pparent = nullptr; // the node that it points to is about to go
         }
         node->m_vec_ptrie_nodes.clear();
-        node->m_child_bits = node->m_num_bits = 0;
+        node->m_access = Access::NONE;
     };
     collect_children(this);
     // Each node stands behind its parent, so that going backwards frees children first.
@@ -177,12 +183,28 @@ double LetterTrieNode::lookup_weight(gunichar c1, gunichar c2) const {
 void LetterTrieNode::add_child(LetterTrieNode* pletter_trie_node, int position) {
     if (!pletter_trie_node)
         return;
-    const int size = static_cast<int>(m_vec_ptrie_nodes.size());
-    m_vec_ptrie_nodes.insert(m_vec_ptrie_nodes.begin() + (std::clamp(position, -1, size - 1) + 1), pletter_trie_node);
+    const int index = std::clamp(position, -1, static_cast<int>(m_vec_ptrie_nodes.size()) - 1) + 1;
+    m_vec_ptrie_nodes.insert(m_vec_ptrie_nodes.begin() + index, pletter_trie_node);
     pletter_trie_node->m_pparent = this;
-    m_child_bits |= std::uint32_t{1} << (pletter_trie_node->m_c & 31);
-    if (m_num_bits == size && size < std::numeric_limits<std::uint16_t>::max())
-        ++m_num_bits;
+    choose_access(pletter_trie_node, index);
+}
+
+void LetterTrieNode::choose_access(LetterTrieNode* pnew_child, int index) {
+    if (m_vec_ptrie_nodes.size() == 1) {
+        m_access = Access::ONLY_CHILD;
+        m_ponly_child = pnew_child;
+        return;
+    }
+    if (m_access == Access::ONLY_CHILD) {
+        m_access = Access::SLOTS;
+        m_slots = child_slot(m_ponly_child->m_c);
+    }
+    if (m_access == Access::SLOTS) {
+        const std::uint64_t slot = child_slot(pnew_child->m_c);
+        if ((m_slots & slot) || std::popcount(m_slots & (slot - 1)) != index)
+            m_access = Access::SEARCH;
+        m_slots |= slot;
+    }
 }
 
 LetterTrieNode* LetterTrieNode::get_root() { return const_cast<LetterTrieNode*>(climb(this).back()); }

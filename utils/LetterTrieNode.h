@@ -2,6 +2,7 @@
 
 #include <glibmm/ustring.h>
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <iosfwd>
@@ -13,6 +14,20 @@
 #include <vector>
 
 namespace zelvor {
+
+/// The bit of c's class; the 64 classes, in code-point order, keep apart what often stands side by side in words.
+inline std::uint64_t child_slot(gunichar c) {
+    static constexpr auto ASCII_SLOTS = [] {
+        constexpr std::string_view FIRST_OF_SLOT = "'-.02ABCDEFGHIJKLMNOPQRSTUVWXYZ[abcdefghijklmnopqrstuvwxyz{";
+        std::array<std::uint8_t, 128> slots{};
+        for (std::size_t i = 1; i < slots.size(); ++i)
+            slots[i] = slots[i - 1] + (FIRST_OF_SLOT.find(static_cast<char>(i)) != std::string_view::npos);
+        return slots;
+    }();
+    const int slot = c < 0x80 ? ASCII_SLOTS[c] // and each of ā, ē, ī, ō, ū in its own
+                              : 59 + (c >= 0x110) + (c >= 0x120) + (c >= 0x140) + (c >= 0x160);
+    return std::uint64_t{1} << slot;
+}
 
 /// A trie over code points, one node a character; the root carries none. Strings may hold any bytes: each byte that is
 /// not valid UTF-8 counts as the character U+FFFD, U+0000 is a character like any other. Positions and lengths are in
@@ -31,6 +46,10 @@ public:
     virtual ~LetterTrieNode() = default;
     LetterTrieNode(const LetterTrieNode&) = delete;
     LetterTrieNode& operator=(const LetterTrieNode&) = delete;
+
+    // Nodes are made by the hundred thousand, those of a word one after another: new and delete use a pool.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* pnode, std::size_t size) noexcept;
 
     /// Stores str from current_index on below this node and counts it in every node that it reaches. New nodes are
     /// plain ones; a child of a derived class (see add_child) is entered through its own store_string.
@@ -104,28 +123,44 @@ public:
 protected:
     LetterTrieNode* get_root(); ///< climbs through the parents
 
-    LetterTrieNode* search_for_node(gunichar c) const; ///< by bisection
+    LetterTrieNode* search_for_node(gunichar c) const;         ///< by bisection
+    void choose_access(LetterTrieNode* pnew_child, int index); ///< for each child that is put in, at once
+
+    /// How a child is found without looking at its siblings, which would cost a cache miss each.
+    enum class Access : std::uint8_t { NONE, ONLY_CHILD, SLOTS, SEARCH };
 
     gunichar m_c = 0;
-    std::uint32_t m_child_bits = 0; ///< bit c & 31 for each child: says what is absent, and mostly where a child stands
     std::vector<LetterTrieNode*> m_vec_ptrie_nodes;
     bool m_is_leaf = false;
-    std::uint16_t m_num_bits = 0; ///< how many children the bits cover; they are of use only where these are all
+    Access m_access = Access::NONE;
     int m_num = 0;
     static std::map<Glib::ustring, double>* m_pmap_weights;
     LetterTrieNode* m_pparent = nullptr;
+    union {
+        LetterTrieNode* m_ponly_child = nullptr;
+        std::uint64_t m_slots; ///< child_slot of each child, none shared: its rank is the child's index
+    };
 };
 
 inline LetterTrieNode* LetterTrieNode::look_for_node(gunichar c) const {
-    if (m_num_bits == m_vec_ptrie_nodes.size()) {
-        const std::uint32_t bit = std::uint32_t{1} << (c & 31);
-        if (!(m_child_bits & bit))
+    LetterTrieNode* child = nullptr;
+    switch (m_access) {
+    case Access::NONE:
+        return nullptr;
+    case Access::ONLY_CHILD:
+        child = m_ponly_child;
+        break;
+    case Access::SLOTS: {
+        const std::uint64_t slot = child_slot(c);
+        if (!(m_slots & slot))
             return nullptr;
-        LetterTrieNode* child = m_vec_ptrie_nodes[m_child_bits == bit ? 0 : std::popcount(m_child_bits & (bit - 1))];
-        if (child->m_c == c)
-            return child;
+        child = m_vec_ptrie_nodes[std::popcount(m_slots & (slot - 1))];
+        break;
     }
-    return search_for_node(c);
+    case Access::SEARCH:
+        return search_for_node(c);
+    }
+    return child->m_c == c ? child : nullptr;
 }
 
 /// Orders nodes by ascending count; a node without a count is entered into the map (not owned) with 0.

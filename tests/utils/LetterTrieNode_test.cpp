@@ -99,6 +99,23 @@ TEST(LetterTrie, LooksUpWholeStringsAndProperPrefixes) {
     }
 }
 
+TEST(LetterTrie, FindsEachOfAnySetOfChildren) {
+    std::mt19937 random(7);
+    const std::u32string near =
+        std::u32string(1, 0) + U"\x01 !'(-./0123489@AZ[_`az{~\x7f\u00e9\u010f\u0110\u0113\u012b\u016b\u1eb9\U0001F600";
+    for (int round = 0; round < 500; ++round) {
+        Trie trie;
+        std::set<gunichar> stored;
+        for (std::size_t count = random() % 12; count > 0; --count) {
+            const gunichar c = near[random() % near.size()];
+            trie.root.store_string(Glib::ustring(1, c), 0);
+            stored.insert(c);
+        }
+        for (const gunichar c : near)
+            EXPECT_EQ(trie.root.look_for_node(c) != nullptr, stored.count(c) == 1) << c << " of " << stored.size();
+    }
+}
+
 TEST(LetterTrie, MarksASuffixWhereFewerThanAThirdGoOn) {
     const auto marks = [](int with_b, const char* str, unsigned int from) {
         Trie trie(Words(with_b, "abx"));

@@ -11,7 +11,26 @@ namespace {
 
 constexpr std::size_t FIRST_BLOCK = 64 * 1024, LARGEST_BLOCK = 2 * 1024 * 1024;
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool IN_USE = false;
+#elif defined(__has_feature)
+constexpr bool IN_USE = !__has_feature(address_sanitizer);
+#else
+constexpr bool IN_USE = true;
+#endif
+
 } // namespace
+
+void* ObjectPool::allocate(std::size_t size) {
+    return IN_USE && size == m_object_size ? allocate() : ::operator new(size);
+}
+
+void ObjectPool::release(void* pobject, std::size_t size) noexcept {
+    if (IN_USE && size == m_object_size)
+        release(pobject);
+    else
+        ::operator delete(pobject, size);
+}
 
 void* ObjectPool::allocate() {
     const std::lock_guard lock(m_mutex);

@@ -17,6 +17,11 @@ public:
     /// Takes back what allocate() gave; null is allowed.
     void release(void* pobject) noexcept;
 
+    /// The same for a class's operator new and delete. Objects of another size, which are those of derived classes,
+    /// come from the heap, and so do all when addresses are checked: the checks need to see every object by itself.
+    void* allocate(std::size_t size);
+    void release(void* pobject, std::size_t size) noexcept;
+
 private:
     struct Released {
         Released* next;
