@@ -17,14 +17,14 @@ namespace zelvor {
 
 /// The bit of c's class; the 64 classes, in code-point order, keep apart what often stands side by side in words.
 inline std::uint64_t child_slot(gunichar c) {
-    static constexpr auto ASCII_SLOTS = [] {
-        constexpr std::string_view FIRST_OF_SLOT = "'-.02ABCDEFGHIJKLMNOPQRSTUVWXYZ[abcdefghijklmnopqrstuvwxyz{";
+    static constexpr auto ascii_slots = [] {
+        constexpr std::string_view first_of_slot = "'-.02ABCDEFGHIJKLMNOPQRSTUVWXYZ[abcdefghijklmnopqrstuvwxyz{";
         std::array<std::uint8_t, 128> slots{};
         for (std::size_t i = 1; i < slots.size(); ++i)
-            slots[i] = slots[i - 1] + (FIRST_OF_SLOT.find(static_cast<char>(i)) != std::string_view::npos);
+            slots[i] = slots[i - 1] + (first_of_slot.find(static_cast<char>(i)) != std::string_view::npos);
         return slots;
     }();
-    const int slot = c < 0x80 ? ASCII_SLOTS[c] // and each of ā, ē, ī, ō, ū in its own
+    const int slot = c < 0x80 ? ascii_slots[c] // and each of ā, ē, ī, ō, ū in its own
                               : 59 + (c >= 0x110) + (c >= 0x120) + (c >= 0x140) + (c >= 0x160);
     return std::uint64_t{1} << slot;
 }
