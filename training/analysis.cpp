@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <functional>
+#include <string_view>
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader: its rules of what is JSON are wanted
 
@@ -45,14 +47,20 @@ void unwrap_analysis(std::string& json) {
 }
 
 const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& json) {
-    if (const auto known = m_known.find(json); known != m_known.end())
-        return known->second;
+    const std::size_t hash = std::hash<std::string_view>()(json);
+    const std::uint32_t number = m_index.find(
+        hash, [&](std::uint32_t known) { return m_known[known].hash == hash && m_known[known].json == json; });
+    if (number != HashIndex::NONE)
+        return m_known[number].analysis;
     if (m_known_bytes > MAX_KNOWN_BYTES) {
         m_known.clear();
+        m_index = HashIndex();
         m_known_bytes = 0;
     }
     m_known_bytes += json.size();
-    return m_known.emplace(json, parse(json_reader, json)).first->second;
+    m_known.push_back({hash, json, parse(json_reader, json)});
+    m_index.add([&](std::uint32_t known) { return m_known[known].hash; });
+    return m_known.back().analysis;
 }
 
 } // namespace zelvor

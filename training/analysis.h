@@ -1,8 +1,10 @@
 #pragma once
 
+#include "utils/common_utils/hash_index.h"
+
 #include <cstddef>
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 namespace Json {
 class Reader;
@@ -32,13 +34,17 @@ void unwrap_analysis(std::string& json);
 /// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded.
 class AnalysisReader {
 public:
-    AnalysisReader() { m_known.max_load_factor(0.25F); } // the look-up is most of the cost, and most look-ups succeed
-
     /// The result is valid until the next call. Never throws on any text.
     const Analysis& read(Json::Reader& json_reader, const std::string& json);
 
 private:
-    std::unordered_map<std::string, Analysis> m_known;
+    struct Known {
+        std::size_t hash;
+        std::string json;
+        Analysis analysis;
+    };
+    std::vector<Known> m_known;
+    HashIndex m_index; ///< of m_known; the look-up is most of the cost, and most look-ups succeed
     std::size_t m_known_bytes = 0;
 };
 
