@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 #include <string_view>
+#include <utility>
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations" // Json::Reader: its rules of what is JSON are wanted
 
@@ -13,7 +14,7 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::size_t MAX_KNOWN_BYTES = std::size_t{32} * 1024 * 1024;
+constexpr std::size_t MAX_GENERATION_BYTES = std::size_t{16} * 1024 * 1024;
 
 Analysis extract(const Json::Value& root) {
     const Json::Value& lemma = root["ls"][0U];
@@ -46,21 +47,28 @@ void unwrap_analysis(std::string& json) {
     std::ranges::transform(json, json.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
 }
 
+AnalysisReader::Known* AnalysisReader::Generation::find(std::size_t hash, const std::string& json) {
+    const std::uint32_t number = index.find(
+        hash, [&](std::uint32_t candidate) { return known[candidate].hash == hash && known[candidate].json == json; });
+    return number == HashIndex::NONE ? nullptr : &known[number];
+}
+
+const Analysis& AnalysisReader::Generation::add(Known&& analysis) {
+    bytes += analysis.json.size() + sizeof(Known);
+    known.push_back(std::move(analysis));
+    index.add([&](std::uint32_t number) { return known[number].hash; });
+    return known.back().analysis;
+}
+
 const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& json) {
     const std::size_t hash = std::hash<std::string_view>()(json);
-    const std::uint32_t number = m_index.find(
-        hash, [&](std::uint32_t known) { return m_known[known].hash == hash && m_known[known].json == json; });
-    if (number != HashIndex::NONE)
-        return m_known[number].analysis;
-    if (m_known_bytes > MAX_KNOWN_BYTES) {
-        m_known.clear();
-        m_index = HashIndex();
-        m_known_bytes = 0;
-    }
-    m_known_bytes += json.size();
-    m_known.push_back({hash, json, parse(json_reader, json)});
-    m_index.add([&](std::uint32_t known) { return m_known[known].hash; });
-    return m_known.back().analysis;
+    if (const Known* const known = m_recent.find(hash, json))
+        return known->analysis;
+    if (m_recent.bytes > MAX_GENERATION_BYTES)
+        m_former = std::exchange(m_recent, {});
+    if (Known* const known = m_former.find(hash, json))
+        return m_recent.add(Known(*known));
+    return m_recent.add({hash, json, parse(json_reader, json)});
 }
 
 } // namespace zelvor

@@ -31,7 +31,8 @@ struct Analysis {
 /// quotes into the double ones of JSON.
 void unwrap_analysis(std::string& json);
 
-/// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded.
+/// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded: of more analyses than
+/// there is room for, those that came up again stay.
 class AnalysisReader {
 public:
     /// The result is valid until the next call. Never throws on any text.
@@ -43,9 +44,15 @@ private:
         std::string json;
         Analysis analysis;
     };
-    std::vector<Known> m_known;
-    HashIndex m_index; ///< of m_known; the look-up is most of the cost, and most look-ups succeed
-    std::size_t m_known_bytes = 0;
+    struct Generation {
+        std::vector<Known> known;
+        HashIndex index; ///< of known; the look-up is most of the cost, and most look-ups succeed
+        std::size_t bytes = 0;
+
+        Known* find(std::size_t hash, const std::string& json);
+        const Analysis& add(Known&& analysis);
+    };
+    Generation m_recent, m_former;
 };
 
 } // namespace zelvor
