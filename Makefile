@@ -37,6 +37,7 @@ bench: build
 	@bench/converter.sh
 	@bench/library.sh
 	@bench/tei2crf.sh
+	@bench/growth.sh
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")

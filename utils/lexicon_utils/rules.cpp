@@ -20,9 +20,10 @@ using Sources = std::set<std::string>;
 
 std::size_t premise_length(const Rule* rule) { return rule ? rule->get_premise().size() : 0; }
 
-void log_info(log4cpp::Category* category, const std::string& message) {
+template<typename... Parts>
+void log_info(log4cpp::Category* category, const Parts&... parts) {
     if (category)
-        category->info(message);
+        category->info((std::string() + ... + parts));
 }
 
 /// A directory opens and cannot be read.
@@ -138,18 +139,18 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
     std::vector<const Rule*> used_rules;
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::string input = lemma; // may be an element of the list that grows
-    log_info(pmain_cat, "number of rules: " + std::to_string(rules.size()));
+    log_info(pmain_cat, "number of rules: ", std::to_string(rules.size()));
     for (const Rule* const rule : rules) {
         if (!rule)
             continue;
         const std::string& conclusion = rule->get_conclusion();
         if (used_conclusions.contains(conclusion) || is_subsumed(*rule, used_rules)) {
-            log_info(pmain_cat, "conclusion " + conclusion + " already used. Skipping");
+            log_info(pmain_cat, "conclusion ", conclusion, " already used. Skipping");
             continue;
         }
-        log_info(pmain_cat, "apply rule: " + conclusion + "<=" + rule->get_premise() + " on " + input);
+        log_info(pmain_cat, "apply rule: ", conclusion, "<=", rule->get_premise(), " on ", input);
         const std::string result = rule->apply_rule(input);
-        log_info(pmain_cat, "result: " + result);
+        log_info(pmain_cat, "result: ", result);
         if (result.empty())
             continue;
         log_info(pmain_cat, "application of rule successful");
