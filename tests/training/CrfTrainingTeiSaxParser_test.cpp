@@ -76,9 +76,14 @@ TEST_F(TeiReader, ReadsTokens) {
               ", , $,;. . $.;( ( $(;) ) $(;[ [ $(;] ] $(;\" \" $(;' ' $(;"),
           Row("<c>;</c><c>, </c><c/><c type='$,'>!</c><C>,</C><tei:c>,</tei:c><c><![CDATA[,]]></c>", ""),
           Row(word("-que", "x{'ls':[{'name':'que','wfs':[{'id':17}]}]}x"), "queque que Verb;"),
+          Row("<pc>,</pc><c>''</c><C>.</C><x:c>.</x:c><w x:lemma='x{}x'>a</w>", ""),
+          Row(word("a<!-- b --><?c d?><lb/><choice><sic>e</sic><corr>f</corr></choice>"), "aef amo Verb;"),
+          Row(word("<![CDATA[a]]>") + word("a\r\nb&#13;"), " amo Verb;a\nb\r amo Verb;"),
+          Row(word("a", "x{'ls':[{'name':'l\\'a\\u0027','wfs':[{'id':17}]}]}x"), "a l\"a' Verb;"),
+          Row(word("a", "x{'ls':[{'wfs':[]},{'wfs':[{'id':17}]}]}x") + word("a", "{'ls':[{'wfs':[{'id':17}]}]}"), ""),
           Row("between " + word("a") + " tokens " + word("b"), "a amo Verb;b amo Verb;")}) {
         SCOPED_TRACE(tokens);
-        parse("<t xmlns:tei='t'><s>" + tokens + "</s></t>");
+        parse("<t xmlns:tei='t' xmlns:x='x'><s>" + tokens + "</s></t>");
         EXPECT_EQ(sentences(), expected + "|");
     }
 }
@@ -126,7 +131,12 @@ TEST_F(TeiReader, Sentences) {
          {Row("<t><s/><s></s></t>", "||"),
           Row("<t><s>" + word("a") + "</s><c>,</c><s><c>.</c></s></t>", "a amo Verb;, , $,;|. . $.;|"),
           Row("<s><s>" + word("a") + "</s></s>", "a amo Verb;||"), Row("<s>" + word("a") + "</s", ""),
-          Row("<t><s>" + word("a") + "</s><s><w></s></t>", "a amo Verb;|")}) {
+          Row("<t><s>" + word("a") + "</s><s><w></s></t>", "a amo Verb;|"),
+          Row("<t><c>,</c><s><c>(</c><s>" + word("a") + "</s>" + word("b") + "</s></t>", "a amo Verb;b amo Verb;||"),
+          Row("<t><s>" + word("a") + "</s><s>" + word("&undeclared;") + "</s></t>", "a amo Verb;|"),
+          Row("<?xml version='1.0' encoding='windows-1252'?><s>" + word("\xe9\x9c") + "</s>",
+              "\u00e9\u0153 amo Verb;|"),
+          Row("\xef\xbb\xbf<t><s/><s>" + word("\xe9") + "</s></t>", "|")}) {
         SCOPED_TRACE(document);
         parse(document);
         EXPECT_EQ(sentences(), expected);
