@@ -89,6 +89,7 @@ private:
     void find_inputs();
     void check_output(const std::string& path) const;
     void read_documents();
+    void note_if_nothing();
     CrfTokenReader::Listener listener();
     void fault(const std::string& where, const std::string& message);
     std::string place(long line) const;
@@ -184,6 +185,17 @@ void Conversion::read_documents() {
     }
     for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
         m_has_fault = m_has_fault || m_report[malformed] > 0;
+    note_if_nothing();
+}
+
+/// No count tells why; mostly it is a prefix at the elements.
+void Conversion::note_if_nothing() {
+    if (m_options.quiet >= 2)
+        return;
+    if (m_documents.empty())
+        m_console.say("tei2crf: no file whose name ends in .tei or .xml");
+    else if (m_report[ConversionReport::FILES_READ] > 0 && m_report[ConversionReport::SENTENCES] == 0)
+        m_console.say("tei2crf: no sentence in any file; are the elements named s, w and c, without a prefix?");
 }
 
 CrfTokenReader::Listener Conversion::listener() {
