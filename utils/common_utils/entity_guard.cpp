@@ -5,6 +5,7 @@
 #include <libxml/uri.h>
 #include <log4cpp/Category.hh>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -23,9 +24,12 @@ std::string real_path(const std::string& path) {
     return resolved ? resolved.get() : "";
 }
 
-std::string folder_of(const std::string& path) {
-    const std::string real = real_path(path);
-    return real.substr(0, real.rfind('/') + 1);
+std::string folder_of(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+
+/// The path with the links of its folder resolved, not its own; empty when there is no such folder.
+std::string with_real_folder(const std::string& path) {
+    const std::string folder = folder_of(path), real = real_path(folder.empty() ? "." : folder);
+    return real.empty() ? "" : (real == "/" ? "" : real) + "/" + path.substr(folder.size());
 }
 
 bool is_regular_file(const std::string& path) {
@@ -42,6 +46,8 @@ std::string local_path(const char* address) {
             break;
         }
     }
+    if (!path.starts_with('/')) // nothing says below which folder it would be
+        return "";
     const std::string plain(path);
     if (std::string real = real_path(plain); !real.empty())
         return real;
@@ -58,19 +64,34 @@ struct EntityGuard::Loader {
             return nullptr;
         if (!guard.m_document_opened) {
             guard.m_document_opened = true;
-            return xmlNewInputFromFile(context, guard.m_is_standard_input ? "-" : as_path(guard.m_document).c_str());
+            return guard.m_is_standard_input ? xmlNewInputFromFile(context, "-") : open(context, guard.m_document);
         }
-        const std::string path = local_path(address);
-        if (!guard.m_folder.empty() && path.starts_with(guard.m_folder) && is_regular_file(path))
-            return xmlNewInputFromFile(context, path.c_str());
-        guard.m_refused("external entity not read, it is no regular file below the document's folder: " +
-                        std::string(address));
+        if (const std::string path = local_path(address); guard.is_below_document(path) && is_regular_file(path))
+            return open(context, path);
+        if (guard.m_refused_addresses.emplace(address).second) // the parser asks again at each reference
+            guard.m_refused("external entity not read, it is no regular file below the document's folder: " +
+                            std::string(address));
         return nullptr;
     }
 
-    /// A local name that looks like an address ("http://x") must stay a local name.
-    static std::string as_path(const std::string& name) { return name.starts_with('/') ? name : "./" + name; }
+    /// The name becomes the base of relative addresses, for which the library wants an escaped one.
+    static xmlParserInputPtr open(xmlParserCtxtPtr context, const std::string& path) {
+        const xmlParserInputPtr input = xmlNewInputFromFile(context, path.c_str());
+        xmlChar* const escaped = input ? xmlURIEscapeStr(reinterpret_cast<const xmlChar*>(path.c_str()),
+                                                         reinterpret_cast<const xmlChar*>("/"))
+                                       : nullptr;
+        if (escaped) {
+            xmlFree(const_cast<char*>(input->filename));
+            input->filename = reinterpret_cast<char*>(escaped);
+        }
+        return input;
+    }
 };
+
+bool EntityGuard::is_below_document(const std::string& path) const {
+    return std::ranges::any_of(m_folders,
+                               [&](const std::string& folder) { return !folder.empty() && path.starts_with(folder); });
+}
 
 EntityGuard::EntityGuard(const std::string& document, log4cpp::Category* pcat)
     : EntityGuard(document, [document, pcat](const std::string& message) {
@@ -82,9 +103,13 @@ EntityGuard::EntityGuard(const std::string& document, Listener refused)
     : EntityGuard(document, std::move(refused), false) {}
 
 EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_standard_input)
-    : m_document(document), m_folder(is_standard_input ? "" : folder_of(document)), m_refused(std::move(refused)),
-      m_is_standard_input(is_standard_input), m_pprevious_guard(current_guard),
+    : m_refused(std::move(refused)), m_is_standard_input(is_standard_input), m_pprevious_guard(current_guard),
       m_pprevious_loader(reinterpret_cast<void*>(xmlGetExternalEntityLoader())) {
+    if (!is_standard_input) {
+        m_document = with_real_folder(document);
+        m_folders[0] = folder_of(m_document);
+        m_folders[1] = folder_of(real_path(document));
+    }
     current_guard = this;
     xmlSetExternalEntityLoader(&Loader::load);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -11,10 +12,10 @@ class Category;
 namespace zelvor {
 
 /// While it lives, the XML parser opens nothing but the document itself and, as external entities, regular local files
-/// at or below the document's own folder (links and ".." resolved). Everything else, network addresses, devices and
-/// pipes included, is refused: its text is missing, and the log gets one error record that names document and entity,
-/// or a listener a message that names the entity.
-/// The loader that was installed before comes back afterwards. Process-wide state: one parse at a time.
+/// at or below the document's own folder (links and ".." resolved; for a document that is a link, also the folder of
+/// the file behind it). Everything else, network addresses, devices and pipes included, is refused: its text is
+/// missing, and the log gets one error record that names document and entity, or a listener a message that names the
+/// entity. The loader that was installed before comes back afterwards. Process-wide state: one parse at a time.
 class EntityGuard {
 public:
     /// Make one for each document, directly before it is parsed. pcat may be null and must outlive the guard.
@@ -34,8 +35,11 @@ private:
 
     EntityGuard(const std::string& document, Listener refused, bool is_standard_input);
 
-    std::string m_document;
-    std::string m_folder; ///< real path, ending in "/"; empty when it cannot be resolved
+    bool is_below_document(const std::string& path) const;
+
+    std::string m_document;   ///< as given, below the real path of its folder
+    std::string m_folders[2]; ///< its own, and that of the file behind a link; ending in "/", or empty
+    std::set<std::string> m_refused_addresses;
     Listener m_refused;
     bool m_is_standard_input;
     bool m_document_opened = false;
