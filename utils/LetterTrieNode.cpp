@@ -1,6 +1,5 @@
 #include "utils/LetterTrieNode.h"
 
-#include "utils/common_utils/object_pool.h"
 #include "utils/common_utils/utf8.h"
 
 #include <algorithm>
@@ -49,13 +48,7 @@ std::vector<const LetterTrieNode*> climb(const LetterTrieNode* node) {
     return path;
 }
 
-constinit ObjectPool pool(sizeof(LetterTrieNode));
-
 } // namespace
-
-void* LetterTrieNode::operator new(std::size_t size) { return pool.allocate(size); }
-
-void LetterTrieNode::operator delete(void* pnode, std::size_t size) noexcept { pool.release(pnode, size); }
 
 std::map<Glib::ustring, double>* LetterTrieNode::m_pmap_weights = nullptr;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "utils/common_utils/object_pool.h"
+
 #include <glibmm/ustring.h>
 
 #include <array>
@@ -36,7 +38,7 @@ inline std::uint64_t child_slot(gunichar c) {
 ///
 /// Build: make a root, call store_string(word, 0) on it for each word. Free: delete_tree(root) on the root, then delete
 /// the root. A node owns its children, but its destructor frees none of them.
-class LetterTrieNode {
+class LetterTrieNode : public Pooled<LetterTrieNode> {
 public:
     using FuzzyMatches = std::set<std::pair<double, Glib::ustring>*>; ///< (budget left, stored string); owned by caller
     using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each the stored strings in input order
@@ -46,10 +48,6 @@ public:
     virtual ~LetterTrieNode() = default;
     LetterTrieNode(const LetterTrieNode&) = delete;
     LetterTrieNode& operator=(const LetterTrieNode&) = delete;
-
-    // Nodes are made by the hundred thousand, those of a word one after another: new and delete use a pool.
-    static void* operator new(std::size_t size);
-    static void operator delete(void* pnode, std::size_t size) noexcept;
 
     /// Stores str from current_index on below this node and counts it in every node that it reaches. New nodes are
     /// plain ones; a child of a derived class (see add_child) is entered through its own store_string.

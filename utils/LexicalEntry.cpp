@@ -1,17 +1,6 @@
 #include "utils/LexicalEntry_tables.h"
-#include "utils/common_utils/object_pool.h"
 
 namespace zelvor {
-
-namespace {
-
-constinit ObjectPool pool(sizeof(LexicalEntry));
-
-} // namespace
-
-void* LexicalEntry::operator new(std::size_t size) { return pool.allocate(size); }
-
-void LexicalEntry::operator delete(void* pentry, std::size_t size) noexcept { pool.release(pentry, size); }
 
 LexicalEntry* LexicalEntry::clone() {
     auto* const copy = new LexicalEntry();

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "utils/EnglishLexicalEntry.h"
+#include "utils/common_utils/object_pool.h"
 
-#include <cstddef>
 #include <iosfwd>
 #include <map>
 #include <string>
@@ -40,7 +40,7 @@ struct DeclensionEntry {
 };
 
 /// The full analysis of one Latin word form, as the Latin lexicon stores it. Ids and frequencies stay text.
-class LexicalEntry : public EnglishLexicalEntry {
+class LexicalEntry : public EnglishLexicalEntry, public Pooled<LexicalEntry> {
 public:
     LexicalEntry() = default;
     LexicalEntry(const std::string& lemma, const std::string& word_form, const std::string& pos)
@@ -48,12 +48,6 @@ public:
     LexicalEntry(const LexicalEntry&) = default;
     LexicalEntry& operator=(const LexicalEntry&) = default;
     ~LexicalEntry() override = default;
-
-    // Entries are made by the hundred thousand: new and delete take their memory from a pool (ObjectPool).
-    static void* operator new(std::size_t size);
-    static void* operator new(std::size_t, void* pplace) noexcept { return pplace; }
-    static void operator delete(void* pentry, std::size_t size) noexcept;
-    static void operator delete(void*, void*) noexcept {}
 
     // A paradigm row applied to a lemma. The row is read and not kept; a null row gives an empty entry. The
     // superlemma becomes lemma + "@" + part of speech. Without stems, a suffix "-at" reads back as the lemma and "at".

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <new>
 
 namespace zelvor {
 
@@ -17,8 +18,8 @@ public:
     /// Takes back what allocate() gave; null is allowed.
     void release(void* pobject) noexcept;
 
-    /// The same for a class's operator new and delete. Objects of another size, which are those of derived classes,
-    /// come from the heap, and so do all when addresses are checked: the checks need to see every object by itself.
+    /// The same for objects of any size: others than this pool's come from the heap, and so do all when addresses are
+    /// checked, since the checks need to see every object by itself.
     void* allocate(std::size_t size);
     void release(void* pobject, std::size_t size) noexcept;
 
@@ -34,6 +35,32 @@ private:
     std::byte* m_pnext = nullptr;
     std::byte* m_pend = nullptr;
     Released* m_preleased = nullptr;
+};
+
+/// A base for a class T whose objects are made by the hundred thousand: new and delete of a T use a pool. All forms of
+/// new work; arrays, derived classes and what is more strictly aligned come from the heap.
+template<typename T>
+class Pooled {
+public:
+    static void* operator new(std::size_t size) { return m_pool.allocate(size); }
+    static void* operator new(std::size_t size, std::align_val_t alignment) { return ::operator new(size, alignment); }
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+        try {
+            return m_pool.allocate(size);
+        } catch (const std::bad_alloc&) {
+            return nullptr;
+        }
+    }
+    static void* operator new(std::size_t, void* pplace) noexcept { return pplace; }
+    static void operator delete(void* pobject, std::size_t size) noexcept { m_pool.release(pobject, size); }
+    static void operator delete(void* pobject, std::size_t size, std::align_val_t alignment) noexcept {
+        ::operator delete(pobject, size, alignment);
+    }
+    static void operator delete(void* pobject, const std::nothrow_t&) noexcept { m_pool.release(pobject, sizeof(T)); }
+    static void operator delete(void*, void*) noexcept {}
+
+private:
+    static inline constinit ObjectPool m_pool{sizeof(T)};
 };
 
 } // namespace zelvor
