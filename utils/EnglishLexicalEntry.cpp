@@ -32,6 +32,8 @@ struct EnglishLexicalEntry::Tables {
         {"SEMTYPE", &EnglishLexicalEntry::m_semtype, nullptr},
     };
 
+    static constexpr std::size_t COLUMNS = FIRST_FEATURE + std::size(FEATURES);
+
     static constexpr Set SOURCE_COLUMNS[] = {&EnglishLexicalEntry::m_originating_source_word_forms,
                                              &EnglishLexicalEntry::m_originating_source_lemmas,
                                              &EnglishLexicalEntry::m_originating_source_pos};
@@ -66,11 +68,11 @@ void EnglishLexicalEntry::reset() {
 
 void EnglishLexicalEntry::parse_tokens(const std::vector<std::string>& tokens) {
     m_num_tokens = static_cast<int>(tokens.size());
+    for (const Tables::Column& column : Tables::FEATURES)
+        (this->*column.field).clear();
     OriginatingLexicalEntryRepresentation::parse_tokens(tokens);
-    for (std::size_t i = 0; const Tables::Column& column : Tables::FEATURES) {
-        const std::size_t token = Tables::FIRST_FEATURE + i++;
-        this->*column.field = token < tokens.size() ? tokens[token] : std::string();
-    }
+    for (std::size_t i = Tables::FIRST_FEATURE; i < tokens.size() && i < Tables::COLUMNS; ++i)
+        this->*Tables::FEATURES[i - Tables::FIRST_FEATURE].field = tokens[i];
 }
 
 void EnglishLexicalEntry::export_entry(std::ostream* pofs) {
@@ -133,6 +135,7 @@ bool EnglishLexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entr
             (stored->*set).insert((this->*set).begin(), (this->*set).end());
         for (const Tables::Field field : Tables::COMBINED)
             stored->*field = combine(stored->*field, this->*field);
+        stored->m_lemma = combine(stored->get_lemma(), get_lemma()); // differs where a derived class says so
         return false;
     }
     vec_lexical_entry_representations.push_back(this);

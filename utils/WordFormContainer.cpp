@@ -17,9 +17,10 @@ void WordFormContainer::merge_max_predicted_lemmas(const std::string& lemma, dou
         return;
     }
     const auto index = place - m_predicted_lemmas.begin();
+    std::pair candidate(lemma, score); // before the list changes: the lemma may be a part of it
     if (const auto lower = std::find_if(place, m_predicted_lemmas.end(), is_lemma); lower != m_predicted_lemmas.end())
         m_predicted_lemmas.erase(lower);
-    m_predicted_lemmas.emplace(m_predicted_lemmas.begin() + index, lemma, score);
+    m_predicted_lemmas.insert(m_predicted_lemmas.begin() + index, std::move(candidate));
 }
 
 } // namespace zelvor

@@ -17,7 +17,7 @@ public:
     using Candidates = std::vector<std::pair<std::string, double>>; ///< (text, score)
 
     WordFormContainer() = default;
-    explicit WordFormContainer(const std::string& word_form) : m_word_form(word_form) {}
+    WordFormContainer(const std::string& word_form) : m_word_form(word_form) {}
     WordFormContainer(const WordFormContainer&) = default;
     WordFormContainer& operator=(const WordFormContainer&) = default;
     virtual ~WordFormContainer() = default;

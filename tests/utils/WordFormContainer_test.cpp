@@ -31,6 +31,8 @@ TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
     container.add_predicted_lemmas("a", 0.5);
     container.merge_max_predicted_lemmas("b", std::nan(""));
     EXPECT_EQ((container.end_predicted_lemmas() - 1)->first, "b");
+    container.merge_max_predicted_lemmas((container.end_predicted_lemmas() - 1)->first, 0.75); // of the list itself
+    EXPECT_EQ(container.begin_predicted_lemmas()->first, "b");
 }
 
 TEST(WordFormContainer, AskingForAFeatureEntersIt) {

@@ -35,7 +35,7 @@ std::string map_first(std::string_view text, CaseMapping mapping) {
     return map_case(text.substr(0, length), mapping).append(text.substr(length));
 }
 
-/// The Latin-1 capitals whose small letter stands 32 above: À to Ü without Æ Ç Ð Ñ × Ø.
+/// The Latin-1 capitals whose small letter stands 32 above: À to Ü without Ç Ð Ñ × Ø.
 constexpr bool is_tabled_capital(int byte) {
     return (byte >= 192 && byte <= 198) || (byte >= 200 && byte <= 207) || (byte >= 210 && byte <= 214) ||
            (byte >= 217 && byte <= 220);

@@ -28,7 +28,7 @@ Glib::ustring capitalize_multi_token_expression(const Glib::ustring& str);
 
 /// The Latin-1 functions set the process locale to "de_DE ISO-8859-1" on every call (without effect where there is
 /// none) and are not thread-safe. The umlauts and accented vowels of their tables change case in any locale; the
-/// letters æ ç ð ñ ø ý þ ÿ do what the C library makes of them.
+/// letters ç ð ñ ø ý þ ÿ do what the C library makes of them.
 char capitalize_char_latin1(char c);
 char downcase_char_latin1(char c);
 std::string capitalize_first_latin1(const std::string& s);

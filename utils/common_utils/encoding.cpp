@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -35,20 +36,21 @@ std::string convert_encoding(const std::string& s, const std::string& encoding1,
     const iconv_t converter = iconv_open(encoding1.c_str(), encoding2.c_str());
     if (converter == reinterpret_cast<iconv_t>(-1))
         return "";
-    std::string input = s;
-    char* in = input.data();
-    std::size_t in_left = input.size();
-    std::string output;
-    char piece[1024];
-    bool is_full;
-    do {
-        char* out = piece;
-        std::size_t out_left = sizeof piece;
-        is_full = iconv(converter, &in, &in_left, &out, &out_left) == static_cast<std::size_t>(-1) && errno == E2BIG;
-        output.append(piece, out);
-    } while (is_full);
+    std::string input = s, output;
+    std::size_t room = 2 * input.size() + 16, left = 0;
+    do { // all of it in one call, since some encodings drop what they cannot say only to the end of a call
+        output.assign(room, '\0');
+        room *= 2;
+        iconv(converter, nullptr, nullptr, nullptr, nullptr);
+        char *in = input.data(), *out = output.data();
+        std::size_t in_left = input.size();
+        left = output.size();
+        errno = 0;
+        iconv(converter, &in, &in_left, &out, &left); // what comes before a fault is the result
+    } while (errno == E2BIG);
     iconv_close(converter);
-    return output.substr(0, output.find('\0'));
+    output.resize(std::min(output.find('\0'), output.size() - left));
+    return output;
 }
 
 } // namespace zelvor

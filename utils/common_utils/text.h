@@ -88,18 +88,20 @@ void print_set(const std::set<std::string>& values); ///< each element and a bla
 
 // --- to text ---
 
-/// Strings as they are, bool as "true" or "false", a pair of strings as "(first,second)", all else as a classic stream
-/// prints it.
+/// Strings as they are, bool as "true" or "false", a pair as "(first,second)", all else as a classic stream prints it.
 template<typename T>
 std::string convert_to_string(const T& value) {
     if constexpr (std::is_convertible_v<const T&, std::string_view>) {
         return std::string(std::string_view(value));
     } else if constexpr (std::is_same_v<T, Glib::ustring>) {
         return value.raw();
-    } else if constexpr (std::is_same_v<T, bool>) {
+    } else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::vector<bool>::reference>) {
         return value ? "true" : "false";
-    } else if constexpr (std::is_same_v<T, std::pair<std::string, std::string>>) {
-        return "(" + value.first + "," + value.second + ")";
+    } else if constexpr (requires {
+                             value.first;
+                             value.second;
+                         }) {
+        return "(" + convert_to_string(value.first) + "," + convert_to_string(value.second) + ")";
     } else {
         std::ostringstream os;
         os.imbue(std::locale::classic());
@@ -112,10 +114,12 @@ std::string convert_to_string(const T& value) {
 template<typename Iterator>
 std::string convert_list_to_string(Iterator begin, Iterator end, const std::string& separator) {
     std::string list;
+    bool is_first = true;
     for (Iterator it = begin; it != end; ++it) {
-        if (it != begin)
+        if (!is_first)
             list += separator;
         list += convert_to_string(*it);
+        is_first = false;
     }
     return list;
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include <tuple>
 
 namespace zelvor {
@@ -107,6 +109,8 @@ TEST(Text, Arguments) {
 TEST(Text, ConvertsToText) {
     EXPECT_EQ(convert_to_string(std::pair<std::string, std::string>("a", "b")), "(a,b)");
     EXPECT_EQ(convert_to_string(1234567.0), "1.23457e+06");
+    const std::map<std::string, bool> map{{"a", true}, {"b", false}};
+    EXPECT_EQ(convert_list_to_string(map.begin(), map.end(), ";"), "(a,true);(b,false)");
     const std::vector<Glib::ustring> list{"ä", "", "b"};
     EXPECT_EQ(convert_list_to_string(list.begin(), list.end(), ", "), "ä, , b");
     EXPECT_EQ(convert_list_to_string(list.end(), list.end(), ","), "");
