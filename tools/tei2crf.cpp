@@ -5,11 +5,13 @@
 #include "training/CrfTokenReader.h"
 #include "training/TagLexicon.h"
 #include "utils/common_utils/output_file.h"
-#include "utils/common_utils/text.h"
+#include "utils/common_utils/utf8.h"
 
 #include <chrono>
+#include <climits>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -25,16 +27,22 @@ struct WrongUsage : std::runtime_error {
 
 constexpr std::size_t MAX_SHOWN_BYTES = 200;
 
-/// Text from outside in one short line that no terminal obeys.
-std::string shown(const std::string& text) {
+/// Text from outside in one line that no terminal obeys.
+std::string shown(std::string_view text, std::size_t max_bytes = MAX_SHOWN_BYTES) {
     std::string line;
-    for (std::size_t i = 0; i < text.size() && line.size() < MAX_SHOWN_BYTES;) {
-        const std::size_t length = breaking_character(text, i);
-        line += length == 0 ? text[i] : text[i] == ' ' ? ' ' : '?';
-        i += length == 0 ? 1 : length;
+    for (std::size_t i = 0; i < text.size();) {
+        if (line.size() >= max_bytes)
+            return line + "...";
+        const DecodedCharacter character = decode_character(text, i);
+        const bool is_harmless = text[i] == ' ' || breaking_character(text, i) == 0;
+        const bool is_valid = character.length > 1 || character.code_point < 0x80;
+        line += is_harmless && is_valid ? text.substr(i, character.length) : "?";
+        i += character.length;
     }
-    return line.size() < MAX_SHOWN_BYTES ? line : line + "...";
+    return line;
 }
+
+std::string shown_path(const std::string& path) { return shown(path, PATH_MAX); }
 
 /// Standard error: messages, and where it is a terminal a line that tells how far the run is.
 class Console {
@@ -69,17 +77,24 @@ private:
     Clock::time_point m_next = Clock::now() + std::chrono::milliseconds(500);
 };
 
-bool is_same_file(const std::string& path1, const std::string& path2) {
+/// What is behind an output, an open descriptor included.
+bool status_of_output(const std::string& path, struct stat& status) {
+    const int descriptor = OutputFile::descriptor_of(path);
+    return (descriptor >= 0 ? fstat(descriptor, &status) : stat(path.c_str(), &status)) == 0;
+}
+
+bool is_same_file(const std::string& output, const std::string& input) {
     struct stat status1 {
     }, status2{};
-    return stat(path1.c_str(), &status1) == 0 && stat(path2.c_str(), &status2) == 0 &&
+    return status_of_output(output, status1) && input != "-" && stat(input.c_str(), &status2) == 0 &&
            status1.st_dev == status2.st_dev && status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
 }
 
 class Conversion {
 public:
     explicit Conversion(const Tei2crfOptions& options)
-        : m_options(options), m_console(options.quiet == 0 && isatty(STDERR_FILENO)) {}
+        : m_options(options), m_console(options.quiet == 0 && isatty(STDERR_FILENO) &&
+                                        !(OutputFile::descriptor_of(options.output) >= 0 && isatty(STDOUT_FILENO))) {}
 
     int run();
 
@@ -87,12 +102,14 @@ private:
     void convert();
     void load_lexicon();
     void find_inputs();
-    void check_output(const std::string& path) const;
+    void check_outputs() const;
     void read_documents();
     void note_if_nothing();
     CrfTokenReader::Listener listener();
     void fault(const std::string& where, const std::string& message);
     std::string place(long line) const;
+    void show_progress();
+    void give_up();
     int finish(int status);
 
     const Tei2crfOptions& m_options;
@@ -112,22 +129,30 @@ int Conversion::run() {
         convert();
         status = m_has_fault ? 1 : 0;
     } catch (const WrongUsage& error) {
-        m_console.say(std::string("tei2crf: ") + error.what());
+        m_console.say("tei2crf: " + shown_path(error.what()));
         return 2;
     } catch (const ConversionStopped& error) {
-        m_console.say("tei2crf: stopped: " + shown(error.what()));
+        m_console.say("tei2crf: stopped: " + shown_path(error.what()));
+        give_up();
     } catch (const std::system_error& error) { // files that the run needs
-        m_console.say(std::string("tei2crf: ") + error.what());
+        m_console.say("tei2crf: " + shown_path(error.what()));
+        give_up();
+    } catch (const std::bad_alloc&) {
+        m_console.say("tei2crf: out of memory");
+        give_up();
     }
     return finish(status);
 }
 
 void Conversion::convert() {
     find_inputs();
-    for (const std::string& path : {m_options.output, m_options.report})
-        check_output(path);
+    check_outputs();
     if (!m_options.report.empty())
         m_report_file = std::make_unique<OutputFile>(m_options.report);
+    if (m_options.strict && m_has_fault)
+        throw ConversionStopped("at a folder that cannot be read");
+    if (m_documents.empty())
+        throw ConversionStopped("no file whose name ends in .tei or .xml");
     load_lexicon();
     m_output = std::make_unique<OutputFile>(m_options.output);
     read_documents();
@@ -138,31 +163,35 @@ void Conversion::find_inputs() {
     m_documents = find_documents(m_options.inputs, m_options.hidden,
                                  [this](const std::string& folder, const std::string& message) {
                                      ++m_report[ConversionReport::FILES_FAILED];
-                                     fault(folder, message);
+                                     fault(shown_path(folder), message);
                                  });
 }
 
-void Conversion::check_output(const std::string& path) const {
+void Conversion::check_outputs() const {
+    const std::string &output = m_options.output, &report = m_options.report;
     const auto check = [&](const std::string& input) {
-        if (!path.empty() && is_same_file(path, input))
-            throw WrongUsage("the output would replace an input: " + path);
+        if (is_same_file(output, input) || (!report.empty() && is_same_file(report, input)))
+            throw WrongUsage("the output would replace an input: " + input);
     };
     check(m_options.lexicon);
     for (const std::string& document : m_documents)
         check(document);
-    if (!path.empty() && path == m_options.report && path == m_options.output)
-        throw WrongUsage("one file for output and report: " + path);
+    if (!report.empty() && OutputFile::descriptor_of(report) < 0 &&
+        OutputFile::target_of(report) == OutputFile::target_of(output))
+        throw WrongUsage("one file for output and report: " + report);
 }
 
 void Conversion::load_lexicon() {
-    const TagLexicon::Counts counts = m_lexicon.load(m_options.lexicon, [this](std::size_t number, std::size_t fields) {
+    bool is_first = true;
+    const TagLexicon::Counts counts = m_lexicon.load(m_options.lexicon, [&](std::size_t number, std::size_t fields) {
         m_has_fault = true;
         const std::string message = m_options.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
                                     " fields, at least 22 are needed";
         if (m_options.strict)
             throw ConversionStopped(message);
-        if (m_options.verbose)
-            m_console.say(shown(message));
+        if (is_first || m_options.verbose)
+            m_console.say("tei2crf: " + shown_path(message));
+        is_first = false;
     });
     m_report[ConversionReport::LEXICON_LINES] = counts.lines;
     m_report[ConversionReport::LEXICON_COMMENTS] = counts.comments;
@@ -176,12 +205,11 @@ void Conversion::read_documents() {
     for (const std::string& document : m_documents) {
         m_document = document == "-" ? "standard input" : document;
         ++m_begun;
+        show_progress();
         if (document == "-")
             reader.read_standard_input();
         else
             reader.read_file(document);
-        if (m_options.strict && m_has_fault)
-            throw ConversionStopped("at the fault of " + m_document);
     }
     for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
         m_has_fault = m_has_fault || m_report[malformed] > 0;
@@ -190,11 +218,7 @@ void Conversion::read_documents() {
 
 /// No count tells why; mostly it is a prefix at the elements.
 void Conversion::note_if_nothing() {
-    if (m_options.quiet >= 2)
-        return;
-    if (m_documents.empty())
-        m_console.say("tei2crf: no file whose name ends in .tei or .xml");
-    else if (m_report[ConversionReport::FILES_READ] > 0 && m_report[ConversionReport::SENTENCES] == 0)
+    if (m_options.quiet < 2 && m_report[ConversionReport::FILES_READ] > 0 && m_report[ConversionReport::SENTENCES] == 0)
         m_console.say("tei2crf: no sentence in any file; are the elements named s, w and c, without a prefix?");
 }
 
@@ -202,26 +226,43 @@ CrfTokenReader::Listener Conversion::listener() {
     CrfTokenReader::Listener listener;
     listener.write = [this](std::string_view lines) {
         m_output->write(lines);
-        m_console.show_progress([this] {
-            return "tei2crf: file " + std::to_string(m_begun) + " of " + std::to_string(m_documents.size()) + ", " +
-                   std::to_string(m_report[ConversionReport::TOKENS_WRITTEN]) + " tokens";
-        });
+        show_progress();
     };
     listener.fault = [this](long line, const std::string& message) { fault(place(line), message); };
     if (m_options.verbose)
         listener.left_out = [this](ConversionReport::Count reason, long line, const std::string& text) {
-            m_console.say(shown(place(line)) + ": " + label_of(reason) + ": " + shown(text));
+            m_console.say(place(line) + ": " + label_of(reason) + ": " + shown(text));
         };
     return listener;
 }
 
 std::string Conversion::place(long line) const {
-    return line > 0 ? m_document + ":" + std::to_string(line) : m_document;
+    return shown_path(m_document) + (line > 0 ? ":" + std::to_string(line) : "");
 }
 
 void Conversion::fault(const std::string& where, const std::string& message) {
     m_has_fault = true;
-    m_console.say("tei2crf: " + shown(where) + ": " + shown(message));
+    m_console.say("tei2crf: " + where + ": " + shown(message));
+}
+
+void Conversion::show_progress() {
+    m_console.show_progress([this] {
+        return "tei2crf: file " + std::to_string(m_begun) + " of " + std::to_string(m_documents.size()) + ", " +
+               std::to_string(m_report[ConversionReport::TOKENS_WRITTEN]) + " tokens";
+    });
+}
+
+/// What went to a stream before the end stays; a file does not appear, and then nothing counts as written.
+void Conversion::give_up() {
+    try {
+        if (m_output && m_output->give_up())
+            return;
+    } catch (const std::system_error& error) {
+        m_console.say("tei2crf: " + shown_path(error.what()));
+    }
+    for (const auto count :
+         {ConversionReport::SENTENCES, ConversionReport::TOKENS_WRITTEN, ConversionReport::TOKENS_REPLACED})
+        m_report[count] = 0;
 }
 
 /// The report goes out whatever has happened.
@@ -232,7 +273,7 @@ int Conversion::finish(int status) {
             m_report_file->write(m_report.json(status));
             m_report_file->commit();
         } catch (const std::system_error& error) {
-            m_console.say(std::string("tei2crf: ") + error.what());
+            m_console.say("tei2crf: " + shown_path(error.what()));
             status = 1;
         }
     }

@@ -8,7 +8,10 @@
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdarg>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -22,6 +25,9 @@ namespace {
 
 /// Tokens of a closed sentence that wait for the next sentence are written once they are as many bytes.
 constexpr std::size_t ENOUGH_TO_WRITE = 65536;
+
+/// Of a longer text no more is kept: the token breaks its line anyway.
+constexpr std::size_t MAX_TOKEN_TEXT = std::size_t{1024} * 1024;
 
 /// Why a path cannot be read; empty for any readable file, a pipe included.
 std::string fault_of(const std::string& path) {
@@ -56,14 +62,14 @@ struct CrfTokenReader::Callbacks {
     template<typename Use>
     static void run(Use use) {
         CrfTokenReader& reader = *current_reader;
-        if (reader.m_thrown)
-            return;
         try {
-            use(reader);
+            if (!reader.m_thrown)
+                use(reader);
         } catch (...) {
             reader.m_thrown = std::current_exception();
-            xmlStopParser(reader.context_);
         }
+        if (reader.m_thrown)
+            xmlStopParser(reader.context_);
     }
 
     static void start_element(void* /*context*/, const xmlChar* name, const xmlChar** attributes) {
@@ -75,8 +81,19 @@ struct CrfTokenReader::Callbacks {
     }
 
     static void characters(void* /*context*/, const xmlChar* text, int length) {
-        if (CrfTokenReader& reader = *current_reader; reader.m_is_word_node)
+        CrfTokenReader& reader = *current_reader;
+        if (reader.m_is_word_node && reader.m_chars.size() <= MAX_TOKEN_TEXT)
             reader.m_chars.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+    }
+
+    /// Messages of the XML library that belong to no parser, such as of a failed read; they come in pieces.
+    static void message(void* text, const char* format, ...) __attribute__((format(printf, 2, 3))) {
+        std::array<char, 1000> piece{};
+        va_list arguments;
+        va_start(arguments, format);
+        std::vsnprintf(piece.data(), piece.size(), format, arguments);
+        va_end(arguments);
+        static_cast<std::string*>(text)->append(piece.data());
     }
 };
 
@@ -91,7 +108,7 @@ void CrfTokenReader::read_file(const std::string& path) {
     parse(path, fault_of(path), [&] {
         const EntityGuard guard(path, [this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
-            m_listener.fault(0, message);
+            this->fault(0, message);
         });
         parse_file(path);
     });
@@ -101,7 +118,7 @@ void CrfTokenReader::read_standard_input() {
     parse("standard input", "", [&] {
         const EntityGuard guard = EntityGuard::for_standard_input([this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
-            m_listener.fault(0, message);
+            this->fault(0, message);
         });
         parse_file("-");
     });
@@ -111,7 +128,9 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
     current_reader = this;
     m_path = path;
     m_errors = 0;
+    std::string messages;
     if (fault.empty()) {
+        xmlSetGenericErrorFunc(&messages, &Callbacks::message);
         try {
             run();
         } catch (const xmlpp::parse_error&) { // reported already, or but a warning
@@ -120,15 +139,24 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
         } catch (const Glib::Exception& error) {
             fault = error.what().raw();
         }
+        xmlSetGenericErrorFunc(nullptr, nullptr);
     }
-    if (m_thrown)
-        std::rethrow_exception(std::exchange(m_thrown, nullptr));
+    if (!messages.empty())
+        fault = trimmed(messages);
+    if (!fault.empty())
+        this->fault(0, fault);
+    ++m_report[m_errors == 0 && !m_thrown ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
+    const std::exception_ptr thrown = std::exchange(m_thrown, nullptr);
+    try {
+        if (thrown)
+            std::rethrow_exception(thrown);
+    } catch (const ConversionStopped&) {
+        finish_sentence();
+        throw;
+    }
     finish_sentence();
     m_is_in_text = false;
     m_depth = 0;
-    if (!fault.empty())
-        m_listener.fault(0, fault);
-    ++m_report[fault.empty() && m_errors == 0 ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
 }
 
 void CrfTokenReader::on_start_document() {
@@ -160,8 +188,15 @@ void CrfTokenReader::end_element(std::string_view name) {
 }
 
 void CrfTokenReader::on_error(const Glib::ustring& text) {
-    if (!m_thrown && m_errors++ == 0) // later ones mostly follow from the first
-        m_listener.fault(line(), std::string(trimmed(text.raw())));
+    if (!m_thrown && m_errors == 0) // later ones mostly follow from the first
+        fault(line(), std::string(trimmed(text.raw())));
+}
+
+void CrfTokenReader::fault(long line, const std::string& message) {
+    ++m_errors;
+    m_listener.fault(line, message);
+    if (m_strict && !m_thrown)
+        m_thrown = std::make_exception_ptr(ConversionStopped("at the fault of " + m_path));
 }
 
 void CrfTokenReader::on_fatal_error(const Glib::ustring& text) { on_error(text); }
@@ -180,10 +215,10 @@ void CrfTokenReader::end_sentence() {
 void CrfTokenReader::finish_sentence() {
     if (m_sentence.ends == 0 && m_sentence.tokens > 0) {
         m_report[ConversionReport::OUTSIDE_SENTENCE] += m_sentence.tokens;
-        if (m_listener.left_out)
-            m_listener.left_out(ConversionReport::OUTSIDE_SENTENCE, line(),
-                                "all " + std::to_string(m_sentence.tokens) + " tokens of the sentence before");
+        for (const auto& [line, text] : m_sentence.told)
+            m_listener.left_out(ConversionReport::OUTSIDE_SENTENCE, line, text);
     }
+    m_sentence.told.clear();
     m_report[ConversionReport::SENTENCES] += m_sentence.ends;
     m_report[ConversionReport::TOKENS_WRITTEN] += m_sentence.ends * m_sentence.tokens;
     m_report[ConversionReport::TOKENS_REPLACED] += m_sentence.ends * m_sentence.replaced;
@@ -222,6 +257,8 @@ void CrfTokenReader::end_punctuation() {
 void CrfTokenReader::add_token(std::string_view form, std::string_view lemma, std::string_view pos) {
     if (!m_is_in_text)
         return leave_out(ConversionReport::OUTSIDE_SENTENCE);
+    if (form.size() > MAX_TOKEN_TEXT)
+        return leave_out(ConversionReport::BREAKS_LINE);
     std::string spelled_out;
     if (form.starts_with('-')) { // an entry takes it for a form abbreviated against the lemma
         spelled_out = BaseLexicalEntry(std::string(lemma), std::string(form), "").get_word_form();
@@ -231,6 +268,8 @@ void CrfTokenReader::add_token(std::string_view form, std::string_view lemma, st
     if (outcome == TokenLineOutcome::BROKEN)
         return leave_out(ConversionReport::BREAKS_LINE);
     ++m_sentence.tokens;
+    if (m_listener.left_out && m_sentence.ends == 0)
+        m_sentence.told.emplace_back(line(), m_chars);
     m_sentence.replaced += outcome == TokenLineOutcome::REPLACED;
     if (m_sentence.lines.size() > ENOUGH_TO_WRITE && m_sentence.ends == 1 && m_depth == 0) {
         m_listener.write(m_sentence.lines);

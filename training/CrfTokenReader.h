@@ -12,6 +12,8 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace zelvor {
 
@@ -29,9 +31,9 @@ public:
     /// What the reader calls. `line` is the line of the document, 0 where there is none.
     struct Listener {
         std::function<void(std::string_view lines)> write;
-        /// A token, or all those of a sentence, without a training line; may be empty.
+        /// A token without a training line; may be empty. Those of a sentence without an end come when that is clear.
         std::function<void(ConversionReport::Count reason, long line, const std::string& text)> left_out;
-        /// A fault of the document itself, for which it counts as failed; must not throw.
+        /// A fault of the document itself, for which it counts as failed; must not throw. Line 0: of all of it.
         std::function<void(long line, const std::string& message)> fault;
     };
 
@@ -39,12 +41,12 @@ public:
     CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat& format, ConversionReport& report,
                    Listener listener);
 
-    /// Reads one document, of which the sentences before a fault count. What the listener throws leaves this function,
-    /// and the sentence that is being read is then lost.
+    /// Reads one document, of which the sentences before a fault count; so do those before ConversionStopped, which
+    /// leaves these functions as everything does that the listener throws.
     void read_file(const std::string& path);
     void read_standard_input();
 
-    /// Stop at the first analysis that is no JSON or JSON of another shape.
+    /// Stop at the first fault, analyses that are no JSON or JSON of another shape included.
     void set_strict(bool strict) { m_strict = strict; }
 
     /// Takes elements and text from the XML library directly, which hands them over as lists of copies otherwise.
@@ -58,7 +60,8 @@ private:
         std::string lines;
         std::uint64_t tokens = 0;
         std::uint64_t replaced = 0;
-        std::uint64_t ends = 0; ///< how often it ended: how often it is written
+        std::uint64_t ends = 0;                         ///< how often it ended: how often it is written
+        std::vector<std::pair<long, std::string>> told; ///< lines and texts, for a listener, in case it never ends
     };
 
     /// Runs the parser, unless there is a fault already, and finishes the document.
@@ -71,6 +74,7 @@ private:
     void end_word();
     void end_punctuation();
     void add_token(std::string_view form, std::string_view lemma, std::string_view pos);
+    void fault(long line, const std::string& message);
     void leave_out(ConversionReport::Count reason, std::string_view detail = {});
     long line() const;
 

@@ -19,7 +19,7 @@ cd "$folder"
 ln -s ../7.xml corpus/a/link.tei
 
 "$program" -qq -l "$lexicon" corpus >one
-find corpus -name '.*' -prune -o \( -name '*.tei' -o -name '*.xml' \) -xtype f -print0 | LC_ALL=C sort --zero-terminated |
+find corpus -mindepth 1 -name '.*' -prune -o \( -name '*.tei' -o -name '*.xml' \) -xtype f -print0 | LC_ALL=C sort --zero-terminated |
     parallel --null --keep-order --max-args 7 --jobs 3 --sshlogin : \
         "$program" -qq -l "$lexicon" --report report.{#}.json {} >shares
 cmp one shares

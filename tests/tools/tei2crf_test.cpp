@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -152,8 +153,8 @@ TEST_F(Tei2crf, ReportCountsEveryToken) {
     const struct {
         const char *section, *key;
         unsigned int count;
-    } rows[] = {{"files", "read", 2},
-                {"files", "failed", 1},
+    } rows[] = {{"files", "read", 1},
+                {"files", "failed", 2},
                 {"files", "entities_refused", 1},
                 {"sentences", "written", 4},
                 {"tokens", "written", 5},
@@ -203,14 +204,34 @@ TEST_F(Tei2crf, CommandLine) {
         {"ln -s old link; $T -o link a.xml && readlink link", "old\n", 0},
         {"umask 027; $T -o mode a.xml; chmod 604 old; $T -o old a.xml; stat -c %a mode old", "640\n604\n", 0},
         {"$T -o /dev/stdout a.xml | cat", lines, 0},
+        {"{ echo head; $T -o /dev/fd/1 a.xml; } >group; cat group", "head\n" + lines, 0},
+        {"ln -s new dangling; $T -o dangling a.xml; readlink dangling; wc -l <new; rm new", "new\n3\n", 0},
+        {"n=$(printf 'n%.0s' $(seq 250)); $T -o $n a.xml && wc -l <$n", "3\n", 0},
+        {"$T -o same --report ./same a.xml 2>&1", "tei2crf: one file for output and report: ./same\n", 2},
+        {"$T a.xml >>a.xml 2>/dev/null; echo $?", "2\n", 0},
+        {"$T -o \"$(printf 'a\\033/b')\" a.xml 2>&1", "tei2crf: a?/b: No such file or directory\n", 1},
         {"$T entity.xml", ". $.\n, $,\n\n", 0},
+        {"mkdir 's p#'; cp entity.* 's p#'; cd 's p#'; mkdir d; cd d; echo '<c>;</c>' >entity.ent; $T -l ../../lexicon "
+         "../entity.xml",
+         ". $.\n, $,\n\n", 0}, // not the one of the working directory
+        {"ln -s ../entity.xml 's p#/link.xml'; rm 's p#/entity.ent'; $T 's p#/link.xml' 2>&1 | head -1 | cut -c 1-50",
+         "tei2crf: s p#/link.xml: external entity not read, \n", 0},
         {"$T - <entity.xml 2>/dev/null", ", $,\n\n", 1},
         {"$T bad.xml a.xml", lines + "\n", 1},
-        {"$T --strict bad.xml a.xml 2>/dev/null", "", 1},
-        {"$T --strict missing a.xml 2>/dev/null", "", 1},
+        {"$T --strict bad.xml a.xml 2>/dev/null", lines, 1}, // what came before the fault
+        {"$T --strict missing a.xml 2>/dev/null", lines, 1},
+        {"$T --strict -o new bad.xml a.xml 2>&1; ls | grep new",
+         "tei2crf: stopped: bad.xml:1: analysis is no JSON: e\n", 1},
+        {"$T --strict - <entity.xml 2>&1 | tail -1", "tei2crf: stopped: at the fault of standard input\n", 0},
+        {"echo '<s><w lemma=\"x[]x\">e</w></s>' | $T -", "\n", 1},
+        {"echo short >short; $P -qq -l short a.xml 2>&1",
+         "tei2crf: short:1: 1 fields, at least 22 are needed\n, $,\n\n", 1},
+        {"$P -qq --strict -l short a.xml 2>/dev/null", "", 1},
+        {"$P -q -l lexicon a.xml 2>&1 >/dev/null | grep -c '^tokens: 2 written'", "1\n", 0},
         {"$T missing a.xml 2>/dev/null", lines, 1},
         {"$P -q a.xml -l missing 2>&1 | head -1", "tei2crf: missing: No such file or directory\n", 0},
-        {"mkdir none; $P -q -l lexicon none 2>&1 | head -1", "tei2crf: no file whose name ends in .tei or .xml\n", 0},
+        {"mkdir none; $P -q -l lexicon -o old none 2>&1 | head -1",
+         "tei2crf: stopped: no file whose name ends in .tei or .xml\n", 0},
         {"echo '<t/>' | $P -q -l lexicon - 2>&1 | head -1 | cut -c 1-33", "tei2crf: no sentence in any file;\n", 0},
         {"echo '<s/>' | $P -q -l lexicon - 2>&1 | grep -c 'no sentence'; echo '<t/>' | $T - 2>&1", "0\n", 0},
         {"$T a.xml >/dev/full 2>err; echo $?; cat err", "1\ntei2crf: standard output: No space left on device\n", 0},
@@ -222,7 +243,7 @@ TEST_F(Tei2crf, CommandLine) {
         {"(ulimit -f 0; $T a.xml -o new 2>/dev/null; echo $?); ls -A | grep new", "1\n", 1}, // as on a full disk
         {"{ sleep 0.2; $T a.xml 2>err; echo $? >>err; } | true; cat err", "tei2crf: standard output: Broken pipe\n1\n",
          0},
-        {"$T a.xml -o a.xml 2>/dev/null; grep -c amat a.xml", "1\n", 0},
+        {"$T a.xml -o a.xml 2>/dev/null", "", 2},
         {"$T a.xml -o lexicon 2>&1", "tei2crf: the output would replace an input: lexicon\n", 2},
         {"$P a.xml 2>&1 | head -1", "tei2crf: no lexicon: option -l is missing\n", 0},
         {"$P -l lexicon 2>/dev/null", "", 2},
@@ -256,10 +277,35 @@ TEST_F(Tei2crf, ReadsFoldersInTheOrderOfPaths) {
 }
 
 TEST_F(Tei2crf, AnInterruptedRunLeavesNothing) {
-    const auto [output, status] = shell("exec 2>/dev/null; mkfifo p; $T -o out - <p & "
-                                        "exec 3>p; until ls -A | grep -q '^.out.'; do sleep 0.01; done; echo begun; "
-                                        "kill -TERM $!; wait $!; echo $?; ls -A");
-    EXPECT_EQ(output, "begun\n143\nlexicon\np\n");
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGXCPU}) {
+        const auto [output, status] =
+            shell("exec 2>/dev/null; ulimit -c 0; mkfifo p; env --default-signal $T -o out - <p & exec 3>p; "
+                  "until ls -A | grep -q '^.out.'; do sleep 0.01; done; kill -" +
+                  std::to_string(signal) + " $!; wait $!; echo $?; ls -A; rm p");
+        EXPECT_EQ(output, std::to_string(128 + signal) + "\nlexicon\np\n") << signal;
+    }
+}
+
+TEST_F(Tei2crf, ALongRunTellsItsProgressToATerminalOnly) {
+    m_directory.write("a.xml", "<s>" + word("amat") + "</s>");
+    const std::string run =
+        "mkfifo p; { echo '<t>'; for i in 1 2 3 4; do cat a.xml; sleep 0.2; done; echo '</t>'; } >p & "
+        "script -qec \"$P -l lexicon ";
+    EXPECT_EQ(shell(run + "-o out p\" /dev/null | grep -c 'file 1 of 1'; rm p").first, "1\n");
+    EXPECT_EQ(shell(run + "-q -o out p\" /dev/null | grep -c 'file 1 of 1'; rm p").first, "0\n");
+    EXPECT_EQ(shell(run + "p\" /dev/null | grep -c 'file 1 of 1'").first, "0\n"); // where the lines go to it, too
+}
+
+TEST_F(Tei2crf, AnEndlessTokenTakesNoMemory) {
+    m_directory.write("a.xml", "<!DOCTYPE s [<!ENTITY a '" + std::string(100'000, 'a') + "'>]><s>" + word([] {
+                                   std::string text;
+                                   for (int i = 0; i < 5000; ++i)
+                                       text += "&a;";
+                                   return text;
+                               }()) +
+                                   word("amat") + "</s>");
+    EXPECT_EQ(shell("$T a.xml"), std::pair(std::string("amat Verb\n\n"), 0));
+    EXPECT_EQ(shell("$P -l lexicon a.xml 2>&1 >/dev/null | grep -c ' 1 breaks its line'").first, "1\n");
 }
 
 } // namespace

@@ -9,7 +9,7 @@ using Column = TokenLineFormat::Column;
 using BadToken = TokenLineFormat::BadToken;
 
 TEST(TokenLine, ColumnsThatBreakALineAreDroppedOrReplaced) {
-    const std::string longest(MAX_TOKEN_LINE - 2, 'a');
+    const std::string longest(8190 - 2, 'a');
     const struct {
         std::string form, replaced; ///< as a column; "" where the line is dropped all the same
         bool is_good;

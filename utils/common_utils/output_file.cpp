@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <csignal>
 #include <cstdlib>
@@ -44,40 +45,73 @@ void forget(const std::string& name) {
             *known = '\0';
 }
 
-/// The file behind a link, or the path itself.
-std::string target_of(const std::string& path) {
-    char* const real = realpath(path.c_str(), nullptr);
-    std::string target = real ? real : path;
-    std::free(real);
-    return target;
-}
-
 mode_t default_mode() {
     const mode_t mask = umask(0);
     umask(mask);
     return 0666 & ~mask;
 }
 
+/// A path without links, or an empty one where there is nothing.
+std::string real_path(const std::string& path) {
+    char* const real = realpath(path.empty() ? "." : path.c_str(), nullptr);
+    std::string result = real ? real : "";
+    std::free(real);
+    return result;
+}
+
 } // namespace
+
+int OutputFile::descriptor_of(const std::string& path) {
+    if (path.empty() || path == "-" || path == "/dev/stdout")
+        return STDOUT_FILENO;
+    if (path == "/dev/stderr")
+        return STDERR_FILENO;
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        const std::string_view number = std::string_view(path).substr(std::min(folder.size(), path.size()));
+        int descriptor = -1;
+        if (path.starts_with(folder) && std::from_chars(number.data(), number.data() + number.size(), descriptor).ptr ==
+                                            number.data() + number.size())
+            return descriptor;
+    }
+    return -1;
+}
+
+std::string OutputFile::target_of(const std::string& path) {
+    std::string target = path;
+    for (int links = 0; links < 40; ++links) {
+        if (std::string real = real_path(target); !real.empty())
+            return real;
+        const std::size_t slash = target.rfind('/') + 1;
+        std::array<char, PATH_MAX> link{};
+        const ssize_t length = readlink(target.c_str(), link.data(), link.size());
+        if (length <= 0) { // nothing there yet
+            const std::string folder = real_path(target.substr(0, slash));
+            return folder.empty() ? target : (folder == "/" ? "" : folder) + "/" + target.substr(slash);
+        }
+        const std::string next(link.data(), static_cast<std::size_t>(length));
+        target = next.starts_with('/') ? next : target.substr(0, slash) + next;
+    }
+    return path;
+}
 
 OutputFile::OutputFile(const std::string& path) : m_path(path.empty() || path == "-" ? "standard output" : path) {
     m_buffer.reserve(2 * BUFFER_BYTES);
     struct stat status {};
-    if (path.empty() || path == "-") {
-        m_descriptor = STDOUT_FILENO;
-    } else if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    if (const int descriptor = descriptor_of(path); descriptor >= 0)
+        m_descriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    else if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
         m_descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-        if (m_descriptor < 0)
-            fail();
-    } else {
-        m_path = target_of(path);
+    else
         open_temporary();
-    }
+    if (m_descriptor < 0)
+        fail();
 }
 
 void OutputFile::open_temporary() {
+    constexpr std::size_t max_name_bytes = 200; // a name of any length has one beside it
+    m_path = target_of(m_path);
     const std::size_t slash = m_path.rfind('/') + 1;
-    m_temporary = m_path.substr(0, slash) + "." + m_path.substr(slash) + ".XXXXXX";
+    m_temporary = m_path.substr(0, slash) + "." + m_path.substr(slash, max_name_bytes) + ".XXXXXX";
     m_descriptor = mkostemp(m_temporary.data(), O_CLOEXEC);
     if (m_descriptor < 0) {
         m_temporary.clear();
@@ -85,11 +119,14 @@ void OutputFile::open_temporary() {
     }
     remember(m_temporary);
     struct stat status {};
-    fchmod(m_descriptor, stat(m_path.c_str(), &status) == 0 ? status.st_mode & 07777 : default_mode());
+    const bool exists = stat(m_path.c_str(), &status) == 0;
+    if (exists && fchown(m_descriptor, status.st_uid, status.st_gid) != 0)
+        errno = 0; // ours, then
+    fchmod(m_descriptor, exists ? status.st_mode & 0777 : default_mode());
 }
 
 OutputFile::~OutputFile() {
-    if (m_descriptor > STDERR_FILENO)
+    if (m_descriptor >= 0)
         close(m_descriptor);
     if (!m_temporary.empty()) {
         unlink(m_temporary.c_str());
@@ -108,8 +145,10 @@ void OutputFile::flush() {
         const ssize_t count = ::write(m_descriptor, m_buffer.data() + written, m_buffer.size() - written);
         if (count >= 0)
             written += static_cast<std::size_t>(count);
-        else if (errno != EINTR)
+        else if (errno != EINTR) {
+            m_buffer.clear(); // not to be tried again
             fail();
+        }
     }
     m_buffer.clear();
 }
@@ -118,10 +157,18 @@ void OutputFile::commit() {
     flush();
     if (m_temporary.empty())
         return;
-    if (fsync(m_descriptor) != 0 || rename(m_temporary.c_str(), m_path.c_str()) != 0)
+    const bool is_on_disk = fsync(m_descriptor) == 0 || errno == EINVAL || errno == ENOTSUP; // not on every system
+    if (!is_on_disk || rename(m_temporary.c_str(), m_path.c_str()) != 0)
         fail();
     forget(m_temporary);
     m_temporary.clear();
+}
+
+bool OutputFile::give_up() {
+    if (!m_temporary.empty())
+        return false;
+    flush();
+    return true;
 }
 
 void OutputFile::fail() const { throw std::system_error(errno, std::generic_category(), m_path); }
@@ -130,7 +177,7 @@ void remove_temporaries_on_signals() {
     struct sigaction action {};
     action.sa_handler = remove_temporaries;
     action.sa_flags = static_cast<int>(SA_RESETHAND);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGXCPU}) {
         struct sigaction current {};
         if (sigaction(signal, nullptr, &current) == 0 && current.sa_handler != SIG_IGN) // as under nohup
             sigaction(signal, &action, nullptr);

@@ -6,9 +6,9 @@
 namespace zelvor {
 
 /// A file that is there when it is complete, and not before: it is written under a hidden name beside its own and
-/// renamed by commit(). A link stays a link; the file keeps its permissions. What is no regular file (a terminal, a
-/// pipe, a device) and standard output are written directly. Every failure throws std::system_error that names the
-/// file.
+/// renamed by commit(). A link stays a link; the file keeps its permissions and, where the process may give it away,
+/// its owner. Standard output, open descriptors (/dev/stdout, /dev/fd/N) and what is no regular file (a terminal, a
+/// pipe, a device) are written directly. Every failure throws std::system_error that names the file.
 class OutputFile {
 public:
     explicit OutputFile(const std::string& path); ///< empty or "-": standard output
@@ -18,6 +18,13 @@ public:
 
     void write(std::string_view text);
     void commit(); ///< all on the disk and under its name; nothing may be written afterwards
+    /// Ends a run that is given up: false where there will be no file, true where what was written stays.
+    bool give_up();
+
+    /// The descriptor that a path stands for ("-", /dev/stdout, /dev/fd/N), or -1.
+    static int descriptor_of(const std::string& path);
+    /// The path of the file that would be written, without links, also where there is none yet.
+    static std::string target_of(const std::string& path);
 
 private:
     void open_temporary();
@@ -30,7 +37,8 @@ private:
     int m_descriptor = -1;
 };
 
-/// From now on SIGHUP, SIGINT and SIGTERM end the process as ever, but without the temporaries.
+/// From now on the signals that users and limits send (SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGXCPU) end the
+/// process as ever, but without the temporaries.
 void remove_temporaries_on_signals();
 
 } // namespace zelvor
