@@ -112,12 +112,19 @@ void OutputFile::open_temporary() {
     m_path = target_of(m_path);
     const std::size_t slash = m_path.rfind('/') + 1;
     m_temporary = m_path.substr(0, slash) + "." + m_path.substr(slash, max_name_bytes) + ".XXXXXX";
+    sigset_t all, before; // no signal between making the file and knowing it
+    sigfillset(&all);
+    sigprocmask(SIG_SETMASK, &all, &before);
     m_descriptor = mkostemp(m_temporary.data(), O_CLOEXEC);
+    const int error = errno;
+    if (m_descriptor >= 0)
+        remember(m_temporary);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
     if (m_descriptor < 0) {
         m_temporary.clear();
+        errno = error;
         fail();
     }
-    remember(m_temporary);
     struct stat status {};
     const bool exists = stat(m_path.c_str(), &status) == 0;
     if (exists && fchown(m_descriptor, status.st_uid, status.st_gid) != 0)
