@@ -9,7 +9,7 @@ help:
 	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
-	@echo "make install  build and install the library, its headers and the tool (PREFIX=/usr/local)"
+	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
 	@echo "make clean    remove build/"
 
 setup:
