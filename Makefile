@@ -1,7 +1,7 @@
 # The short commands; CMake, CTest and scripts/ do the work.
 #   make run [INPUT=path OUTPUT=file [LEXICON=file]]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
-.PHONY: help setup build run check lint bench install clean
+.PHONY: help setup build run check lint bench install package clean
 export INPUT OUTPUT LEXICON
 
 help:
@@ -10,6 +10,7 @@ help:
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
+	@echo "make package  make the Debian packages in build/package/packages"
 	@echo "make clean    remove build/"
 
 setup:
@@ -41,6 +42,12 @@ bench: build
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")
+
+package:
+	@scripts/setup.sh packages.txt packages-package.txt
+	@cmake --preset package
+	@cmake --build --preset package
+	@cmake --build --preset package --target package
 
 clean:
 	rm -rf build
