@@ -1,7 +1,7 @@
 # The short commands; CMake, CTest and scripts/ do the work.
 #   make run [INPUT=path OUTPUT=file [LEXICON=file]]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
-.PHONY: help setup build run check lint bench install package clean
+.PHONY: help setup build run check lint bench install package docs clean
 export INPUT OUTPUT LEXICON
 
 help:
@@ -11,6 +11,7 @@ help:
 	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
 	@echo "make package  make the Debian packages in build/package/packages"
+	@echo "make docs     make the API documentation in build/docs/html"
 	@echo "make clean    remove build/"
 
 setup:
@@ -48,6 +49,11 @@ package:
 	@cmake --preset package
 	@cmake --build --preset package
 	@cmake --build --preset package --target package
+
+docs:
+	@scripts/setup.sh packages-docs.txt
+	@mkdir -p build
+	doxygen docs/Doxyfile
 
 clean:
 	rm -rf build

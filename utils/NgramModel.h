@@ -33,7 +33,7 @@ class LM {
 public:
     virtual ~LM() = default;
 
-    /// log10 P(w1 ... wk </s> | <s>) of a sentence w1 ... wk, an array of indices that ends at VOCAB_NONE; adds to
+    /// log10 P(w1 ... wk `</s>` | `<s>`) of a sentence w1 ... wk, an array of indices that ends at VOCAB_NONE; adds to
     /// stats.
     virtual float sentence_log_prob(const unsigned int* words, TextStats& stats) = 0;
 };
