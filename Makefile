@@ -1,14 +1,16 @@
 # The short commands; CMake, CTest and scripts/ do the work.
 #   make run [INPUT=path OUTPUT=file [LEXICON=file]]
+#   make fuzz [FUZZ_SECONDS=60]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
-.PHONY: help setup build run check lint bench install package docs clean
-export INPUT OUTPUT LEXICON
+.PHONY: help setup build run check lint bench fuzz install package docs clean
+export INPUT OUTPUT LEXICON FUZZ_SECONDS
 
 help:
 	@echo "make run      install what is missing, build, convert examples/corpus (or INPUT=path OUTPUT=file)"
 	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
+	@echo "make fuzz     look for inputs that break the readers, FUZZ_SECONDS=60 for each of them (clang)"
 	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
 	@echo "make package  make the Debian packages in build/package/packages"
 	@echo "make docs     make the API documentation in build/docs/html"
@@ -40,6 +42,12 @@ bench: build
 	@bench/library.sh
 	@bench/tei2crf.sh
 	@bench/growth.sh
+
+fuzz: setup
+	@scripts/setup.sh packages-fuzz.txt
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	@fuzz/run.sh
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <glib.h>
+#include <libxml/xmlerror.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+/// What the fuzz targets share.
+namespace zelvor::fuzz {
+
+/// Ends the process, as a fault that the fuzzer keeps the input of, unless the property holds.
+inline void require(bool holds, const char* property, std::string_view detail = {}) {
+    if (holds)
+        return;
+    std::fprintf(stderr, "violated: %s\n%.*s\n", property, static_cast<int>(detail.size()), detail.data());
+    std::abort();
+}
+
+/// Both values are shown where they differ.
+inline void require_equal(const std::string& found, const std::string& expected, const char* property) {
+    if (found != expected)
+        require(false, property, "found:    " + found + "\nexpected: " + expected);
+}
+
+/// The two parts of an input that a line "%%" separates; without one, the second part is empty.
+inline std::pair<std::string, std::string> halves(const std::uint8_t* data, std::size_t size) {
+    constexpr std::string_view SEPARATOR = "\n%%\n";
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    const std::size_t at = text.find(SEPARATOR);
+    return {std::string(text.substr(0, at)),
+            at == std::string_view::npos ? "" : std::string(text.substr(at + SEPARATOR.size()))};
+}
+
+/// Calls use(line) for every line as std::getline gives them.
+template<typename Use>
+void for_each_line(std::string_view text, Use use) {
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        use(std::string(text.substr(0, end)));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+}
+
+/// A file in memory, for readers that want a name.
+class MemoryFile {
+public:
+    explicit MemoryFile(std::string_view content)
+        : m_descriptor(memfd_create("fuzz", MFD_CLOEXEC)), m_path("/proc/self/fd/" + std::to_string(m_descriptor)) {
+        require(write(m_descriptor, content.data(), content.size()) == static_cast<ssize_t>(content.size()),
+                "a file in memory can be written");
+    }
+    ~MemoryFile() { close(m_descriptor); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    const std::string& path() const { return m_path; }
+
+private:
+    int m_descriptor;
+    std::string m_path;
+};
+
+inline void ignore_message(void* /*context*/, const char* /*format*/, ...) {}
+
+/// Standard streams and the XML library are silent (what the fuzzer and the sanitizers say does not go through them),
+/// and what GLib thinks wrong of a call is fatal.
+inline const bool IS_SET_UP = [] {
+    std::cout.setstate(std::ios::badbit);
+    std::cerr.setstate(std::ios::badbit);
+    xmlSetGenericErrorFunc(nullptr, ignore_message);
+    g_log_set_always_fatal(static_cast<GLogLevelFlags>(G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR));
+    return true;
+}();
+
+} // namespace zelvor::fuzz
