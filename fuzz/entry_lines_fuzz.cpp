@@ -1,0 +1,96 @@
+// The lines of base and English entries.
+#include "fuzz/fuzz.h"
+#include "utils/EnglishLexicalEntry.h"
+#include "utils/common_utils/text.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace zelvor::fuzz {
+namespace {
+
+std::vector<std::string> split_at(const std::string& line, char separator) {
+    std::vector<std::string> columns(1);
+    for (const char c : line) {
+        if (c == separator)
+            columns.emplace_back();
+        else
+            columns.back() += c;
+    }
+    return columns;
+}
+
+void check_stored_form(const std::string& lemma, const std::string& word_form) {
+    const BaseLexicalEntry entry(lemma, word_form, "");
+    if (!word_form.starts_with('-') || word_form.starts_with(lemma))
+        require_equal(entry.get_word_form(), word_form, "a stored form is spelled out again");
+    BaseLexicalEntry copy(lemma, "", "");
+    copy.set_word_form(word_form);
+    if (!lemma.empty())
+        require_equal(copy.get_abbreviated_word_form(), entry.get_abbreviated_word_form(), "both ways store the same");
+    require(!(entry < entry), "no entry is before itself", word_form);
+}
+
+void check_base_line(const std::string& line) {
+    BaseLexicalEntry entry;
+    entry.parse(line);
+    std::vector<std::string> fields = split_at(line, '\t');
+    for (std::size_t i = 0; i < fields.size(); ++i) // at "#" too, one by one
+        for (std::size_t at = fields[i].find('#'); at != std::string::npos; at = std::string::npos) {
+            fields.insert(fields.begin() + static_cast<std::ptrdiff_t>(i) + 1, fields[i].substr(at + 1));
+            fields[i].resize(at);
+        }
+    for (std::size_t i = fields.size(); i-- > 0;) // an empty one stays at either end only
+        if (fields[i].empty() && i > 0 && i + 1 < fields.size())
+            fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
+    const bool is_read = fields.size() > 1;
+    require_equal(entry.get_lemma(), is_read ? std::string(trimmed(fields[1])) : "", "the second field is the lemma");
+    require_equal(entry.get_lemma_pos(), fields.size() > 2 ? fields[2] : "", "the third is the lemma's tag");
+    require_equal(entry.get_pos(), fields.size() > 3 ? fields[3] : "", "the fourth is the form's tag");
+    check_stored_form(entry.get_lemma(), std::string(trimmed(fields[0])));
+    OriginatingLexicalEntryRepresentation with_sources;
+    with_sources.parse(line);
+    require_equal(with_sources.get_word_form(), entry.get_word_form(), "sources change nothing");
+}
+
+void check_english_line(const std::string& line) {
+    EnglishLexicalEntry entry;
+    entry.parse_tokens(split_at(line, '\t'));
+    for_each_line(entry.to_string(), [&](const std::string& written) {
+        EnglishLexicalEntry again;
+        again.parse_tokens(split_at(written, '\t'));
+        require(again.get_num_tokens() == 15, "15 columns are written", written);
+        if (!entry.get_word_form().starts_with('-'))
+            require_equal(again.to_string(), written + "\n", "what is written reads back");
+    });
+    require(entry.combine(entry.get_mood(), "") == entry.get_mood(), "nothing is combined with nothing", line);
+    std::vector<BaseLexicalEntry*> kept;
+    std::multimap<std::string, BaseLexicalEntry*> by_lemma;
+    EnglishLexicalEntry copy = entry;
+    require(entry.merge(kept, by_lemma, true) && !copy.merge(kept, by_lemma, true), "an equal entry is folded", line);
+}
+
+/// Any other number of fields ends the process, by design.
+void check_susanne_line(const std::string& line) {
+    const std::vector<std::string> fields = split_at(line, '\t');
+    if (fields.size() != 6)
+        return;
+    BaseLexicalEntry entry;
+    entry.parse_susanne(line);
+    require_equal(entry.get_abbreviated_word_form(), fields[3], "the fourth field is the form");
+    require_equal(entry.get_lemma(), fields[4], "the fifth is the lemma");
+    require(fields[2].empty() == entry.get_pos().empty(), "the third is the tag", line);
+}
+
+} // namespace
+} // namespace zelvor::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace zelvor::fuzz;
+    for_each_line({reinterpret_cast<const char*>(data), size}, [](const std::string& line) {
+        check_base_line(line);
+        check_english_line(line);
+        check_susanne_line(line);
+    });
+    return 0;
+}
