@@ -31,13 +31,13 @@ struct LiteralModel {
             is_data = is_data || content == "\\data\\";
             if (is_data && content.starts_with('\\'))
                 order = static_cast<std::size_t>(std::atoi(content.substr(1).data()));
+            max_order = std::max(max_order, is_ended ? 0 : order);
             is_ended = is_ended || (is_data && content == "\\end\\");
             if (!is_data || is_ended || order == 0 || content.empty() || content.starts_with('\\'))
                 return;
             std::vector<std::string> fields = *tokenize(std::string(content), " \t");
             const double backoff = fields.size() == order + 2 ? number(fields.back()) : 0;
             const Words words(fields.begin() + 1, fields.begin() + 1 + static_cast<std::ptrdiff_t>(order));
-            max_order = std::max(max_order, order);
             if (words == Words{"<unk>"}) // the one that is there from the start gives way
                 ngrams[words] = {number(fields[0]), backoff};
             else

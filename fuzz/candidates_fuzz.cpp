@@ -1,0 +1,122 @@
+// Output lines of a lemmatiser or an OCR decoder, read as lines and as the files that keep them.
+#include "fuzz/fuzz.h"
+#include "utils/WordFormContainer.h"
+#include "utils/lexicon_utils/candidates.h"
+#include "utils/lexicon_utils/lemmatizer_calls.h"
+#include "utils/lexicon_utils/lemmatizer_maps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <vector>
+
+namespace zelvor::fuzz {
+namespace {
+
+std::vector<std::string> split_at_blanks(const std::string& line) {
+    std::vector<std::string> fields(1);
+    for (const char c : line)
+        if (c != ' ')
+            fields.back() += c;
+        else if (!fields.back().empty())
+            fields.emplace_back();
+    if (fields.back().empty())
+        fields.pop_back();
+    return fields;
+}
+
+/// The texts before the bars of a line.
+std::vector<std::string> candidates_of(const std::vector<std::string>& fields) {
+    std::vector<std::string> candidates;
+    for (std::size_t i = 1; i < fields.size(); ++i)
+        if (const std::size_t bars = fields[i].find("||"); bars != std::string::npos)
+            candidates.push_back(fields[i].substr(0, bars));
+    return candidates;
+}
+
+std::vector<std::string> texts(WordFormContainer::Candidates::iterator begin,
+                               WordFormContainer::Candidates::iterator end) {
+    std::vector<std::string> result;
+    for (; begin != end; ++begin) {
+        require(std::isfinite(begin->second), "a score is a number", begin->first);
+        result.push_back(begin->first);
+    }
+    return result;
+}
+
+void check_choice(WordFormContainer& container, const std::string& language) {
+    std::set<std::string> no_lexicon;
+    const auto begin = container.begin_predicted_lemmas(), end = container.end_predicted_lemmas();
+    const std::string lemma = select_lemma({"a"}, no_lexicon, begin, end, nullptr, nullptr, language, nullptr);
+    const std::string form = select_ocr_wf({}, {}, container.begin_predicted_ocr_wf(), container.end_predicted_ocr_wf(),
+                                           nullptr, nullptr, language, true, nullptr);
+    const std::vector<std::string> lemmas = texts(begin, end);
+    require(lemmas.empty() ? lemma.empty() : std::ranges::count(lemmas, lemma) > 0, "the choice is a candidate", lemma);
+    require(lemmas.empty() || std::ranges::count(lemmas, form) > 0, "and so is the form", form);
+}
+
+void check_line(const std::string& line, WordFormContainer& best, const std::string& best_form) {
+    const std::vector<std::string> fields = split_at_blanks(line);
+    if (fields.size() < 2)
+        return;
+    const std::vector<std::string> expected = candidates_of(fields);
+    WordFormContainer container(fields[0]);
+    WordFormContainers containers{{fields[0], &container}, {fields[0], nullptr}};
+    LineCache cache;
+    bool is_modified = false;
+    parse_line(line, containers, &cache, is_modified, true);
+    require(is_modified && cache == LineCache{{fields[0], line}}, "a line is kept under its form", line);
+    require(texts(container.begin_predicted_lemmas(), container.end_predicted_lemmas()) == expected,
+            "all candidates are added", line);
+    parse_line_ocr(line, containers, nullptr, is_modified, false);
+    const std::vector<std::string> forms = texts(container.begin_predicted_ocr_wf(), container.end_predicted_ocr_wf());
+    require(std::set(forms.begin(), forms.end()).size() == forms.size(), "a spelling is added once", line);
+    require(std::ranges::all_of(expected, [&](const auto& text) { return std::ranges::count(forms, text) == 1; }),
+            "every spelling is", line);
+    check_choice(container, fields[0]);
+    WordFormContainers all{{fields[0] == best_form ? best_form : "", &best}};
+    parse_line(line, all, nullptr, is_modified, false);
+}
+
+/// Lines merged one after the other leave one candidate a lemma, the best first.
+void check_merged(WordFormContainer& container) {
+    const auto begin = container.begin_predicted_lemmas(), end = container.end_predicted_lemmas();
+    const std::vector<std::string> lemmas = texts(begin, end);
+    require(std::set(lemmas.begin(), lemmas.end()).size() == lemmas.size(), "a lemma is there once");
+    require(std::ranges::is_sorted(begin, end, std::ranges::greater(), [](const auto& pair) { return pair.second; }),
+            "the best lemma comes first");
+}
+
+void check_files(const std::string& text) {
+    const MemoryFile file(text);
+    LineCache lemmas, forms;
+    std::map<std::pair<std::string, std::string>, double> scores;
+    fill_lemmatizer_hashmap(file.path(), lemmas);
+    fill_ocr_hashmap(file.path(), forms);
+    parse_attachment_map(file.path(), scores);
+    for (const auto& [key, line] : lemmas)
+        require(line.starts_with(key + "\t"), "a line begins with its key", line);
+    for (const auto& [key, line] : forms)
+        require(line.starts_with(key + " "), "a line begins with its form", line);
+    for_each_line(text, [&](const std::string& line) {
+        const std::size_t blank = line.find(' ');
+        require(blank == std::string::npos || forms.contains(line.substr(0, blank)), "no line is lost", line);
+    });
+    for (const auto& [words, score] : scores)
+        require(text.find(words.first + "," + words.second + ":") != std::string::npos && std::isfinite(score),
+                "a score is of two words of the file", words.first);
+}
+
+} // namespace
+} // namespace zelvor::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace zelvor::fuzz;
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    zelvor::WordFormContainer best;
+    const std::string best_form = text.substr(0, text.find(' '));
+    for_each_line(text, [&](const std::string& line) { check_line(line, best, best_form); });
+    check_merged(best);
+    check_files(text);
+    return 0;
+}
