@@ -42,8 +42,9 @@ void check_case(const std::string& s) {
         require(is_valid_utf8(mapped) == is_valid && mapped.empty() == s.empty(), "a mapping keeps text valid", s);
         require(is_valid || mapped == s, "invalid text is not mapped", s);
     }
-    require_equal(downcase_rest_unicode(downcase_first_unicode(s)), convert_lowercase(s),
-                  "first and rest are the whole");
+    if (s.find("\u03A3") == std::string::npos) // a sigma alone becomes a final one
+        require_equal(downcase_rest_unicode(downcase_first_unicode(s)), convert_lowercase(s),
+                      "first and rest are the whole");
     const std::string capitalized = capitalize_multi_token_expression(s);
     require(split_tokens(capitalized, " ").size() == split_tokens(s, " ").size(), "no word is lost", s);
 }
