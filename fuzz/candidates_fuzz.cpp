@@ -1,6 +1,7 @@
 // Output lines of a lemmatiser or an OCR decoder, read as lines and as the files that keep them.
 #include "fuzz/fuzz.h"
 #include "utils/WordFormContainer.h"
+#include "utils/common_utils/numbers.h"
 #include "utils/lexicon_utils/candidates.h"
 #include "utils/lexicon_utils/lemmatizer_calls.h"
 #include "utils/lexicon_utils/lemmatizer_maps.h"
@@ -87,10 +88,32 @@ void check_merged(WordFormContainer& container) {
             "the best lemma comes first");
 }
 
+using Scores = std::map<std::pair<std::string, std::string>, double>;
+
+/// Lines "word1,word2:count,_,_,_,score" of frequent pairs; the first of a pair counts.
+Scores literal_scores(const std::string& text) {
+    Scores scores;
+    for_each_line(text, [&](const std::string& line) {
+        const std::size_t colon = line.find(':');
+        const std::size_t comma = line.substr(0, colon).find(',');
+        std::string numbers = colon == std::string::npos ? "" : line.substr(colon + 1);
+        std::ranges::replace(numbers, ' ', '\v'); // no separator here
+        std::ranges::replace(numbers, ',', ' ');
+        std::vector<std::string> fields = split_at_blanks(numbers);
+        if (comma == std::string::npos || fields.size() < 5)
+            return;
+        const std::string& score = fields[4];
+        if (convert_string_to_double(fields[0]) > 20 && score != "nan" && score != "-nan" && score != "inf")
+            scores.emplace(std::pair(line.substr(0, comma), line.substr(comma + 1, colon - comma - 1)),
+                           convert_string_to_double(score));
+    });
+    return scores;
+}
+
 void check_files(const std::string& text) {
     const MemoryFile file(text);
     LineCache lemmas, forms;
-    std::map<std::pair<std::string, std::string>, double> scores;
+    Scores scores;
     fill_lemmatizer_hashmap(file.path(), lemmas);
     fill_ocr_hashmap(file.path(), forms);
     parse_attachment_map(file.path(), scores);
@@ -102,9 +125,7 @@ void check_files(const std::string& text) {
         const std::size_t blank = line.find(' ');
         require(blank == std::string::npos || forms.contains(line.substr(0, blank)), "no line is lost", line);
     });
-    for (const auto& [words, score] : scores)
-        require(text.find(words.first + "," + words.second + ":") != std::string::npos && std::isfinite(score),
-                "a score is of two words of the file", words.first);
+    require(scores == literal_scores(text), "every frequent pair has its score", text);
 }
 
 } // namespace

@@ -22,7 +22,8 @@ namespace zelvor::fuzz {
 inline void require(bool holds, const char* property, std::string_view detail = {}) {
     if (holds)
         return;
-    std::fprintf(stderr, "violated: %s\n%.*s\n", property, static_cast<int>(detail.size()), detail.data());
+    const std::string report = std::string("violated: ").append(property).append("\n").append(detail).append("\n");
+    std::fwrite(report.data(), 1, report.size(), stderr);
     std::abort();
 }
 

@@ -79,6 +79,10 @@ void check_strings(const std::string& s, const std::string& t) {
     require_equal(std::string(trimmed(s)), utrim(s).raw(), "both trim alike");
     if (is_valid_utf8(s) && is_valid_utf8(t) && !s.ends_with(t))
         require(string_replace(s, t, "").raw().size() <= s.size(), "what is replaced by nothing is gone", s);
+    Glib::ustring replaced = s;
+    replace(replaced, s.empty() ? 0 : decode_character(s, 0).code_point,
+            static_cast<unsigned int>(std::atoi(t.c_str())));
+    require(!is_valid_utf8(s) || is_valid_utf8(replaced.raw()), "any number is a character or U+FFFD", s);
     const int found = search_string(s, t, 0, -1), last = search_string_last(s, t);
     require(found <= last && (last < 0 || s.compare(static_cast<std::size_t>(last), t.size(), t) == 0),
             "the last place", s);
