@@ -35,11 +35,11 @@ inline void require_equal(const std::string& found, const std::string& expected,
 
 /// The two parts of an input that a line "%%" separates; without one, the second part is empty.
 inline std::pair<std::string, std::string> halves(const std::uint8_t* data, std::size_t size) {
-    constexpr std::string_view SEPARATOR = "\n%%\n";
+    constexpr std::string_view separator = "\n%%\n";
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const std::size_t at = text.find(SEPARATOR);
+    const std::size_t at = text.find(separator);
     return {std::string(text.substr(0, at)),
-            at == std::string_view::npos ? "" : std::string(text.substr(at + SEPARATOR.size()))};
+            at == std::string_view::npos ? "" : std::string(text.substr(at + separator.size()))};
 }
 
 /// Calls use(line) for every line as std::getline gives them.

@@ -48,7 +48,7 @@ std::string exported(LexicalEntry& entry) {
 
 /// What export must write in a column of text.
 std::string expected_column(const std::vector<std::string>& fields, std::size_t column) {
-    const std::string field = column < fields.size() ? fields[column] : "";
+    std::string field = column < fields.size() ? fields[column] : "";
     if (column == WORD_FORM && field.starts_with('-'))
         return fields[LEMMA] + field.substr(1);
     if (column == PERSON && (field == "FIRST_PERSON" || field == "SECOND_PERSON" || field == "THIRD_PERSON"))
