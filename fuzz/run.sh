@@ -5,7 +5,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-[ $# -gt 0 ] || set -- $(ls fuzz/corpus)
+if [ $# -eq 0 ]; then
+    cd fuzz/corpus
+    set -- *
+    cd ../..
+fi
 # Short stacks of allocations: the libraries have no frame pointers, so that longer ones are noise, all of it remembered.
 export ASAN_OPTIONS=malloc_context_size=2
 export LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp:print_suppressions=0
