@@ -31,21 +31,22 @@ public:
     std::vector<std::string> documents;
 
 private:
+    /// Only one folder is open at a time, so that no depth uses up the descriptors.
     void add_folder(const std::string& folder) {
-        const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
-        if (!directory) {
-            m_fault(folder, std::strerror(errno));
-            return;
-        }
-        errno = 0;
-        while (const dirent* const entry = readdir(directory.get())) {
-            const std::string name = entry->d_name;
+        for (const std::string& name : names_in(folder))
             if (name != "." && name != ".." && (m_with_hidden || !name.starts_with('.')))
                 add_entry((folder == "/" ? "" : folder) + "/" + name);
-            errno = 0;
-        }
+    }
+
+    std::vector<std::string> names_in(const std::string& folder) {
+        std::vector<std::string> names;
+        const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
+        const dirent* entry = nullptr;
+        while (directory && (errno = 0, entry = readdir(directory.get())))
+            names.emplace_back(entry->d_name);
         if (errno != 0)
             m_fault(folder, std::strerror(errno));
+        return names;
     }
 
     void add_entry(const std::string& path) {
