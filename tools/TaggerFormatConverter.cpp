@@ -113,6 +113,10 @@ void TaggerFormatConverter::convert_format(const TaggerFormatConverterParams& pa
     parser.set_substitute_entities(true);
     std::ofstream out(params.output_filename, std::ios::out | std::ios::trunc);
     create_model_data_file(params.input_directory, out, parser);
+    if (!std::cout.flush())
+        m_main_cat.error("standard output: lines are lost");
+    if (out.is_open() && !out.flush())
+        m_main_cat.error(params.output_filename + ": lines are lost");
 }
 
 void TaggerFormatConverter::create_model_data_file(std::string path, std::ostream& out,

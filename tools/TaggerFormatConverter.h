@@ -24,8 +24,9 @@ public:
     TaggerFormatConverter();
     virtual ~TaggerFormatConverter();
 
-    /// Runs one conversion. Reports what cannot be read on standard output or in the log, and goes on; throws nothing.
-    /// The entries of the lexicon and of the tokens stay allocated.
+    /// Runs one conversion. Reports what cannot be read on standard output or in the log, and goes on; throws nothing
+    /// but std::bad_alloc. Lines that were lost in writing are told in the log, but not an output file that cannot be
+    /// opened. The entries of the lexicon and of the tokens stay allocated.
     void convert_format(const TaggerFormatConverterParams& params);
 
     /// Converts one file, or the files below a folder in the order of the system. Links to folders are not followed.

@@ -1,8 +1,10 @@
 #include "tools/TaggerFormatConverter.h"
 #include "utils/common_utils/crash_handler.h"
+#include "utils/common_utils/output_file.h"
 #include "utils/options.h"
 
 #include <iostream>
+#include <new>
 
 #include <getopt.h>
 
@@ -47,6 +49,7 @@ bool read_cmd(zelvor::TaggerFormatConverterParams& params, int argc, char** argv
 }
 
 int main(int argc, char** argv) {
+    zelvor::open_missing_streams();
     zelvor::TaggerFormatConverter converter;
     zelvor::install_error_handler();
     zelvor::TaggerFormatConverterParams params;
@@ -56,6 +59,11 @@ int main(int argc, char** argv) {
         {"input_filename", params.input_directory}, {"output_filename", params.output_filename}, {"", ""}};
     if (!zelvor::check_options(options))
         return 10;
-    converter.convert_format(params);
-    return 0;
+    try {
+        converter.convert_format(params);
+        return 0;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "TaggerFormatConverter: out of memory" << std::endl;
+        return 1;
+    }
 }

@@ -2,11 +2,16 @@
 
 #include "tests/temporary_directory.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <log4cpp/Category.hh>
+#include <log4cpp/OstreamAppender.hh>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
+#include <iostream>
 #include <sstream>
 #include <tuple>
 
@@ -120,6 +125,23 @@ TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
                                                                      "\"><!ENTITY i 'x'>]><s>&e;<c>.</c></s>");
         EXPECT_EQ(convert(file), report("corpus/a.xml", tokens + ". $.\n")) << address;
     }
+}
+
+TEST_F(Converter, LinesLostInWritingAreLogged) {
+    std::ostringstream log;
+    auto* const appender = new log4cpp::OstreamAppender("lost lines", &log);
+    TaggerFormatConverter::m_main_cat.addAppender(appender);
+    const std::string file = directory.write("a.xml", "<s><c>,</c></s>");
+    for (const char* const out : {"/dev/full", "/no/such/out", "/dev/null"}) // one that cannot be opened is not told
+        TaggerFormatConverter().convert_format({file, out, ""});
+    std::cout.setstate(std::ios::badbit); // as after a failed write
+    TaggerFormatConverter().convert_format({file, directory.path("out"), ""});
+    std::cout.clear();
+    TaggerFormatConverter::m_main_cat.removeAppender(appender);
+    EXPECT_THAT(log.str(),
+                testing::ContainsRegex(": /dev/full: lines are lost\n.*: standard output: lines are lost\n$"));
+    EXPECT_EQ(std::ranges::count(log.str(), '\n'), 2) << log.str();
+    EXPECT_EQ(separators(), "\n");
 }
 
 /// Runs the installed program as a shell would; standard output, then the exit status.

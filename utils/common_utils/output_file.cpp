@@ -180,6 +180,12 @@ bool OutputFile::give_up() {
 
 void OutputFile::fail() const { throw std::system_error(errno, std::generic_category(), m_path); }
 
+void open_missing_streams() {
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
+        if (fcntl(stream, F_GETFD) == -1)
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY); // takes the lowest free descriptor
+}
+
 void remove_temporaries_on_signals() {
     struct sigaction action {};
     action.sa_handler = remove_temporaries;

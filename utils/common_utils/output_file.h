@@ -41,4 +41,8 @@ private:
 /// process as ever, but without the temporaries.
 void remove_temporaries_on_signals();
 
+/// A standard stream that the caller has closed must not become the descriptor of another file; reading or writing it
+/// still fails.
+void open_missing_streams();
+
 } // namespace zelvor
