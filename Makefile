@@ -2,7 +2,7 @@
 #   make run [INPUT=path OUTPUT=file [LEXICON=file]]
 #   make fuzz [FUZZ_SECONDS=60]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
-.PHONY: help setup build run check lint bench fuzz install package docs clean
+.PHONY: help setup build run check lint bench fuzz coverage install package docs clean
 export INPUT OUTPUT LEXICON FUZZ_SECONDS
 
 help:
@@ -11,6 +11,7 @@ help:
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make fuzz     look for inputs that break the readers, FUZZ_SECONDS=60 for each of them (clang)"
+	@echo "make coverage tell which lines of tools/, training/ and utils/ no test runs (gcovr)"
 	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
 	@echo "make package  make the Debian packages in build/package/packages"
 	@echo "make docs     make the API documentation in build/docs/html"
@@ -48,6 +49,13 @@ fuzz: setup
 	cmake --preset fuzz
 	cmake --build --preset fuzz
 	@fuzz/run.sh
+
+coverage: setup
+	@scripts/setup.sh packages-coverage.txt
+	cmake --preset coverage
+	cmake --build --preset coverage
+	ctest --preset coverage
+	gcovr --root . --filter tools/ --filter training/ --filter utils/ --exclude-unreachable-branches build/coverage
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")

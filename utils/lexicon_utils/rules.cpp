@@ -68,10 +68,25 @@ bool subsumes(const Rule& longer, const Rule& rule) {
     return extends(longer.get_conclusion(), rule.get_conclusion()) && extends(longer.get_premise(), rule.get_premise());
 }
 
-template<typename Rules>
-bool is_subsumed(const Rule& rule, const Rules& used) {
-    return std::ranges::any_of(used, [&](const Rule* longer) { return longer && subsumes(*longer, rule); });
-}
+/// The rules that have been applied. Those whose conclusions end alike stand together.
+class UsedRules {
+public:
+    void add(const Rule& rule) { m_rules.emplace(reversed(rule.get_conclusion()), &rule); }
+
+    /// Whether the conclusion was used, or a longer rule covers the same change.
+    bool rule_out(const Rule& rule) const {
+        const std::string end = reversed(rule.get_conclusion());
+        for (auto it = m_rules.lower_bound(end); it != m_rules.end() && it->first.starts_with(end); ++it)
+            if (it->first == end || subsumes(*it->second, rule))
+                return true;
+        return false;
+    }
+
+private:
+    static std::string reversed(const std::string& text) { return {text.rbegin(), text.rend()}; }
+
+    std::multimap<std::string, const Rule*> m_rules; ///< by the reversed conclusion
+};
 
 Sources pieces_of(const std::string& list) {
     Sources pieces;
@@ -124,7 +139,10 @@ bool collection_ends_with(const std::string& suffix, const std::set<std::string>
     return std::ranges::any_of(conclusions, [&](const std::string& text) { return vends_with(text, suffix); });
 }
 
-bool subsume_rule(Rule* prule, std::set<Rule*> vec_rules) { return prule && is_subsumed(*prule, vec_rules); }
+bool subsume_rule(Rule* prule, std::set<Rule*> vec_rules) {
+    return prule &&
+           std::ranges::any_of(vec_rules, [&](const Rule* longer) { return longer && subsumes(*longer, *prule); });
+}
 
 void insert(std::set<std::string>& set_entries, std::string s) {
     if (s.find(',') == std::string::npos)
@@ -135,8 +153,7 @@ void insert(std::set<std::string>& set_entries, std::string s) {
 
 void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vector<std::string>& created_surface_forms,
                  log4cpp::Category* pmain_cat) {
-    std::set<std::string> used_conclusions;
-    std::vector<const Rule*> used_rules;
+    UsedRules used_rules;
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::string input = lemma; // may be an element of the list that grows
     log_info(pmain_cat, "number of rules: ", std::to_string(rules.size()));
@@ -144,7 +161,7 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
         if (!rule)
             continue;
         const std::string& conclusion = rule->get_conclusion();
-        if (used_conclusions.contains(conclusion) || is_subsumed(*rule, used_rules)) {
+        if (used_rules.rule_out(*rule)) {
             log_info(pmain_cat, "conclusion ", conclusion, " already used. Skipping");
             continue;
         }
@@ -155,8 +172,7 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
             continue;
         log_info(pmain_cat, "application of rule successful");
         created_surface_forms.push_back(result);
-        used_conclusions.insert(conclusion);
-        used_rules.push_back(rule);
+        used_rules.add(*rule);
     }
 }
 
