@@ -156,6 +156,8 @@ void Conversion::convert() {
     load_lexicon();
     m_output = std::make_unique<OutputFile>(m_options.output);
     read_documents();
+    if (m_report[ConversionReport::FILES_READ] == 0 && m_report[ConversionReport::SENTENCES] == 0)
+        throw ConversionStopped("nothing could be read");
     m_output->commit();
 }
 
