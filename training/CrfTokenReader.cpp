@@ -190,6 +190,8 @@ void CrfTokenReader::end_element(std::string_view name) {
 void CrfTokenReader::on_error(const Glib::ustring& text) {
     if (!m_thrown && m_errors == 0) // later ones mostly follow from the first
         fault(line(), std::string(trimmed(text.raw())));
+    else if (context_ && context_->disableSAX) // nothing is handed over any more, and each further error can cost
+        xmlStopParser(context_);               // the library as much time as the text before it
 }
 
 void CrfTokenReader::fault(long line, const std::string& message) {

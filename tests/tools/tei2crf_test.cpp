@@ -136,6 +136,9 @@ TEST_F(Tei2crf, SentencesThatAreNestedCutOffOrFollowedByTokens) {
     }
     m_directory.write("many.xml", many + "<s><c>.</c></s></t>");
     EXPECT_EQ(shell("$T many.xml"), std::pair(lines + "\n. $.\n\n", 0));
+    // A comment full of faults, each of which costs the XML library a copy of the comment so far.
+    m_directory.write("faults.xml", "<t><s>" + word("a") + "</s><!-- " + std::string(1000000, '-') + " --></t>");
+    EXPECT_EQ(shell("timeout 20 $T faults.xml 2>/dev/null"), std::pair(std::string("a Verb\n\n"), 1));
 }
 
 TEST_F(Tei2crf, ReportCountsEveryToken) {
