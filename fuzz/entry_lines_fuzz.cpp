@@ -34,15 +34,7 @@ void check_stored_form(const std::string& lemma, const std::string& word_form) {
 void check_base_line(const std::string& line) {
     BaseLexicalEntry entry;
     entry.parse(line);
-    std::vector<std::string> fields = split_at(line, '\t');
-    for (std::size_t i = 0; i < fields.size(); ++i) // at "#" too, one by one
-        for (std::size_t at = fields[i].find('#'); at != std::string::npos; at = std::string::npos) {
-            fields.insert(fields.begin() + static_cast<std::ptrdiff_t>(i) + 1, fields[i].substr(at + 1));
-            fields[i].resize(at);
-        }
-    for (std::size_t i = fields.size(); i-- > 0;) // an empty one stays at either end only
-        if (fields[i].empty() && i > 0 && i + 1 < fields.size())
-            fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
+    const std::vector<std::string> fields = literal_fields(line, "\t#");
     const bool is_read = fields.size() > 1;
     require_equal(entry.get_lemma(), is_read ? std::string(trimmed(fields[1])) : "", "the second field is the lemma");
     require_equal(entry.get_lemma_pos(), fields.size() > 2 ? fields[2] : "", "the third is the lemma's tag");

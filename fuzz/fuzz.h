@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -50,6 +51,18 @@ void for_each_line(std::string_view text, Use use) {
         use(std::string(text.substr(0, end)));
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
+}
+
+/// A record line's fields, read byte by byte: a separator begins a field unless another one follows.
+inline std::vector<std::string> literal_fields(const std::string& line, std::string_view separators) {
+    std::vector<std::string> fields(1);
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (separators.find(line[i]) == std::string_view::npos)
+            fields.back() += line[i];
+        else if (i + 1 == line.size() || separators.find(line[i + 1]) == std::string_view::npos)
+            fields.emplace_back();
+    }
+    return fields;
 }
 
 /// A file in memory, for readers that want a name.

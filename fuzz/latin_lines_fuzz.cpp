@@ -15,15 +15,8 @@ namespace {
 constexpr std::size_t REQUIRED = 22, REQUIRED_REDUCED = 18, LEMMA = 4, WORD_FORM = 8, PERSON = 16, FIRST_SET = 22,
                       FIRST_BOOKKEEPING = 25, COLUMNS = 31;
 
-/// A line's fields, read byte by byte: a "#" begins a field unless another stands before it.
-std::vector<std::string> literal_fields(const std::string& line) {
-    std::vector<std::string> fields(1);
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] != '#')
-            fields.back() += line[i];
-        else if (i + 1 == line.size() || line[i + 1] != '#')
-            fields.emplace_back();
-    }
+std::vector<std::string> trimmed_fields(const std::string& line) {
+    std::vector<std::string> fields = literal_fields(line, "#");
     for (std::string& field : fields) {
         field.erase(0, field.find_first_not_of(" \t\n\v\f\r"));
         field.erase(field.find_last_not_of(" \t\n\v\f\r") + 1);
@@ -60,7 +53,7 @@ void check_full_line(const std::string& line, const std::vector<std::string>& fi
     LexicalEntry entry, again;
     entry.parse_latin(line);
     const std::string text = exported(entry);
-    const std::vector<std::string> written = literal_fields(text);
+    const std::vector<std::string> written = trimmed_fields(text);
     require(written.size() == COLUMNS, "all columns are written", text);
     for (std::size_t i = 0; i < COLUMNS; ++i)
         if (i < FIRST_SET || i >= FIRST_BOOKKEEPING)
@@ -72,7 +65,7 @@ void check_full_line(const std::string& line, const std::vector<std::string>& fi
 }
 
 void check_line(const std::string& line) {
-    const std::vector<std::string> fields = literal_fields(line);
+    const std::vector<std::string> fields = trimmed_fields(line);
     LexicalEntry full, tagger, reduced;
     const bool is_full = fields.size() >= REQUIRED;
     require(reads(full, &LexicalEntry::parse_latin, line) == is_full, "22 fields are needed", line);
