@@ -3,6 +3,7 @@
 #include "training/TagLexicon.h"
 #include "training/tags.h"
 #include "utils/LexicalEntry.h"
+#include "utils/common_utils/text.h"
 
 #include <deque>
 #include <sstream>
@@ -43,7 +44,7 @@ std::string exported(LexicalEntry& entry) {
 std::string expected_column(const std::vector<std::string>& fields, std::size_t column) {
     std::string field = column < fields.size() ? fields[column] : "";
     if (column == WORD_FORM && field.starts_with('-'))
-        return fields[LEMMA] + field.substr(1);
+        return std::string(trimmed(fields[LEMMA] + field.substr(1))); // white space behind the "-" comes to an end
     if (column == PERSON && (field == "FIRST_PERSON" || field == "SECOND_PERSON" || field == "THIRD_PERSON"))
         return field == "FIRST_PERSON" ? "PERSON_1" : field == "SECOND_PERSON" ? "PERSON_2" : "PERSON_3";
     return field;
