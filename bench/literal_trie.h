@@ -3,13 +3,14 @@
 #include <glibmm/ustring.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <set>
 #include <utility>
 #include <vector>
 
 /// The trie as one would write it down from its definition: strings indexed as they come, passed by value while
-/// storing, one recursive call a step. The benchmark measures zelvor::LetterTrieNode against it.
+/// storing, one recursive call a step. The tests hold zelvor::LetterTrieNode against it, the benchmark measures it so.
 struct LiteralTrie {
     using Matches = std::set<std::pair<double, Glib::ustring>*>;
     using Splittings = std::vector<std::vector<Glib::ustring>>;
@@ -22,7 +23,7 @@ struct LiteralTrie {
 
     static std::map<Glib::ustring, double>* weights;
 
-    LiteralTrie* look_for(gunichar wanted) const {
+    LiteralTrie* look_for_node(gunichar wanted) const {
         const auto at = std::lower_bound(children.begin(), children.end(), wanted,
                                          [](const LiteralTrie* node, gunichar u) { return node->c < u; });
         return at != children.end() && (*at)->c == wanted ? *at : nullptr;
@@ -34,7 +35,7 @@ struct LiteralTrie {
             leaf = true;
             return;
         }
-        LiteralTrie* child = look_for(str[i]);
+        LiteralTrie* child = look_for_node(str[i]);
         if (!child) {
             child = new LiteralTrie(str[i]);
             child->parent = this;
@@ -48,7 +49,7 @@ struct LiteralTrie {
     int lookup(const Glib::ustring& str, unsigned int i) const {
         if (i >= str.length())
             return leaf;
-        const LiteralTrie* child = look_for(str[i]);
+        const LiteralTrie* child = look_for_node(str[i]);
         return child ? child->lookup(str, i + 1) : 0;
     }
 
@@ -67,7 +68,7 @@ struct LiteralTrie {
         return found == weights->end() ? 1.0 : found->second;
     }
 
-    /// `restart` is the root for the search with boundaries, null for the one without.
+    /// From any node; `restart` is the root for the search with boundaries, null for the one without.
     int fuzzy(const Glib::ustring& str, unsigned int i, double t, Matches& set, unsigned int threshold, double end,
               LiteralTrie* restart) {
         if (i >= str.length() && leaf) {
@@ -80,7 +81,7 @@ struct LiteralTrie {
                 result = edits + extra;
         };
         const bool inside = i < str.length();
-        if (LiteralTrie* child = inside ? look_for(str[i]) : nullptr)
+        if (LiteralTrie* child = inside ? look_for_node(str[i]) : nullptr)
             take(child->fuzzy(str, i + 1, t, set, threshold, end, nullptr), 0);
         if (!(t > 0.0) || i < threshold)
             return result;
@@ -94,17 +95,18 @@ struct LiteralTrie {
                 take(child->fuzzy(str, i + 1, t - weight(c, str[i]), set, threshold, end, nullptr), 1);
             take(child->fuzzy(str, i, t - 1.0, set, threshold, end, restart), 1);
         }
-        LiteralTrie* first = i + 1 < str.length() ? look_for(str[i + 1]) : nullptr;
-        if (LiteralTrie* second = first ? first->look_for(str[i]) : nullptr)
+        LiteralTrie* first = i + 1 < str.length() ? look_for_node(str[i + 1]) : nullptr;
+        if (LiteralTrie* second = first ? first->look_for_node(str[i]) : nullptr)
             take(second->fuzzy(str, i + 2, t - 1.0, set, threshold, end, nullptr), 1);
         return result;
     }
 
+    /// A budget that is there already counts without its fraction, whatever double it is.
     void record(Matches& set, double t) const {
         const Glib::ustring w = read_off();
         for (auto* pair : set)
             if (pair->second.raw() == w.raw()) {
-                if (t > static_cast<int>(pair->first))
+                if (t > std::trunc(pair->first))
                     pair->first = t;
                 return;
             }
@@ -118,7 +120,7 @@ struct LiteralTrie {
                 result.push_back({read_off()});
             return result;
         }
-        if (LiteralTrie* child = look_for(str[i]))
+        if (LiteralTrie* child = look_for_node(str[i]))
             result = child->segment(str, i + 1, root, depth + 1);
         if (leaf && this != root && depth >= 3)
             for (auto& rest : root->segment(str, i, root, 0)) {
