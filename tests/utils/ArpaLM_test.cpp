@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+
 namespace zelvor {
 namespace {
 
@@ -45,10 +47,7 @@ TEST_F(Arpa, ScoresBackOffByTheLongestContext) {
                        Row("et et", -0.35 - 0.05 + (-0.25 - 1.2)),
                        Row("sum et rex", (-0.5 - 0.9) + (-0.125 - 0.7) - 0.02 + (-1 - 1.2)),
                        Row("rex dux", -0.3 + (-0.0625 - 1 - 1) - 1.2)};
-    std::string other_line_ends = MODEL;
-    for (std::size_t end = 0; (end = other_line_ends.find('\n', end)) != std::string::npos; end += 2)
-        other_line_ends.insert(end, "\r");
-    for (const std::string& text : {MODEL, other_line_ends}) {
+    for (const std::string& text : {MODEL, std::regex_replace(MODEL, std::regex("\n"), "\r\n")}) {
         ASSERT_TRUE(load(text));
         for (const auto& [sentence, expected] : rows)
             EXPECT_NEAR(score(sentence), expected, 1e-6) << sentence;
@@ -89,8 +88,8 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
           Row("\\data\\\n\\2-grams:\n", "line 2: expected \"\\1-grams:\""),
           Row(start + "\\3-grams:\n", "line 4: expected \"\\2-grams:\" or \"\\end\\\""),
           Row(start + "-1\n", "line 4: expected a log10 probability, 1 words"),
-          Row(start + "-1 a -0,5\n", "line 4: expected a log10"), Row(start + "nan a\n", "line 4: expected a log10"),
-          Row(start + "0.5 a\n", "line 4: expected a log10"),
+          Row(start + "-1 a -0,5\n", "line 4: expected a log10"), Row(start + "0.5 a\n", "line 4: expected a log10"),
+          Row(start + "nan a\n", "line 4: expected a log10"),
           Row(start + "-1 " + std::string(10'000'000, 'a') + " b\n", "aaa..."),
           Row(start + "\\2-grams:\n-1 novum b\n", "line 5: expected words of the 1-grams, not b")}) {
         log.records.str("");
@@ -98,8 +97,7 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
         EXPECT_TRUE(log.has("ERROR CAPTURED_LOG : " + directory.path("model.arpa: line "))) << message;
         EXPECT_TRUE(log.has(message)) << log.records.str();
     }
-    EXPECT_FALSE(model.load(directory.path()));
-    EXPECT_FALSE(model.load(directory.path("missing %n")));
+    EXPECT_FALSE(model.load(directory.path()) || model.load(directory.path("missing %n")));
     for (std::size_t length = 0; length <= MODEL.find("\\end\\") + 4; ++length)
         EXPECT_FALSE(load(MODEL.substr(0, length))) << length;
     EXPECT_EQ(vocab.size(), 4u);

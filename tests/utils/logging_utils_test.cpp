@@ -1,17 +1,12 @@
 #include "utils/logging_utils.h"
 
+#include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
-
-#include <log4cpp/Category.hh>
-#include <log4cpp/OstreamAppender.hh>
-#include <log4cpp/SimpleLayout.hh>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <unistd.h>
-
-#include <sstream>
 
 namespace zelvor {
 
@@ -36,24 +31,20 @@ TEST(Logging, ASecondSetUpReplacesTheFile) {
 }
 
 TEST(Logging, LockedMessagesCarryTheInfoLabel) {
-    log4cpp::Category& category = log4cpp::Category::getInstance("LOCKED_TEST");
-    std::ostringstream records;
-    log4cpp::OstreamAppender appender("", &records);
-    appender.setLayout(new log4cpp::SimpleLayout);
-    category.setAdditivity(false);
-    category.setAppender(appender);
+    CapturedLog log;
     pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
     for (const int priority : {log4cpp::Priority::WARN, log4cpp::Priority::INFO, log4cpp::Priority::DEBUG}) {
-        category.setPriority(priority);
-        lu_lock_info_pthread("i%n", &category, &mutex);
-        lu_lock_debug_pthread("d", &category, nullptr);
+        log.category.setPriority(priority);
+        lu_lock_info_pthread("i%n", &log.category, &mutex);
+        lu_lock_debug_pthread("d", &log.category, nullptr);
         lu_lock_info_pthread("silent", nullptr, &mutex);
         EXPECT_EQ(pthread_mutex_trylock(&mutex), 0);
         pthread_mutex_unlock(&mutex);
-        records << "| ";
+        log.records << "| ";
     }
-    EXPECT_THAT(records.str(), testing::MatchesRegex("\\| INFO +: i%n\n\\| INFO +: i%n\nINFO +: d\n\\| "));
-    category.removeAllAppenders();
+    const char* const info = "[0-9]+ INFO CAPTURED_LOG : ";
+    EXPECT_THAT(log.records.str(),
+                testing::MatchesRegex(std::string("\\| ") + info + "i%n\n\\| " + info + "i%n\n" + info + "d\n\\| "));
 }
 
 } // namespace zelvor
