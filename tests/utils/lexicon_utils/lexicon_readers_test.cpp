@@ -1,9 +1,8 @@
 #include "utils/lexicon_utils/lexicon_readers.h"
 
+#include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
 #include "utils/LexicalEntry.h"
-
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 
@@ -12,7 +11,7 @@ namespace {
 
 using Words = std::set<std::string>;
 
-TEST(LexiconReaders, WordsOfALexiconAreTrimmed) {
+TEST(LexiconReaders, TrimmedWordsAndStatistics) {
     const TemporaryDirectory directory;
     Words words{"kept"};
     get_words_from_lexicon(directory.write("l", " walked \twalk\tVBD\r\n\t\tcats\tcat \tNNS\tmore\n"), words);
@@ -22,15 +21,11 @@ TEST(LexiconReaders, WordsOfALexiconAreTrimmed) {
     std::string lemma, word_form, pos;
     parse("w\tl\tp", lemma, word_form, pos);
     EXPECT_EQ(lemma + word_form + pos, "lwp");
-}
-
-TEST(LexiconReaders, Statistics) {
-    const TemporaryDirectory directory;
     std::map<std::string, int> counts{{"old", 1}};
-    std::set<int> numbers;
+    std::set<int> numbers; // a count that comes too late is a number all the same
     read_statistics(directory.write("s", " a=b=7 \r\n\n  \nx\n5\na=b=9\nold=2\n=3\nc = 4"), counts, numbers);
     EXPECT_EQ(counts, (std::map<std::string, int>{{"a=b", 7}, {"x", 0}, {"5", 5}, {"old", 1}, {"", 3}, {"c ", 4}}));
-    EXPECT_EQ(numbers, (std::set<int>{0, 2, 3, 4, 5, 7, 9})); // a count that comes too late is a number all the same
+    EXPECT_EQ(numbers, (std::set<int>{0, 2, 3, 4, 5, 7, 9}));
 }
 
 TEST(LexiconReaders, LexiconAndNames) {
@@ -42,51 +37,41 @@ TEST(LexiconReaders, LexiconAndNames) {
         "lexicon", "walked\twalk\tVBD\textra\n\twalk\tVBD\n Rome \tRome\tNP\n\xFF\tAnna\tNNP\r\nOslo\tOslo\tNNP\n");
     Words names{"kept"};
     std::multimap<std::string, LexicalEntry*> entries;
-    testing::internal::CaptureStdout();
-    read_lexicon(lexicon, directory.path("names"), names, entries);
-    std::string output = testing::internal::GetCapturedStdout();
+    const auto read = [&](const std::string& lexicon_file, const std::string& folder) {
+        return output_of([&] { read_lexicon(lexicon_file, folder, names, entries); });
+    };
+    const std::string folder = directory.path("names"), none = directory.path("none");
+    std::string output = read(lexicon, folder);
     for (const char* const entry : {".", "..", "a.lst", "b.txt", "c.lst"}) { // in the order of the system
-        const std::string line = "filename: " + directory.path("names") + "/" + entry + "\n";
+        const std::string line = "filename: " + folder + "/" + entry + "\n";
         ASSERT_NE(output.find(line), output.npos) << output;
         output.erase(output.find(line), line.size());
     }
     // Two names and an empty one, Rome and Oslo; the carriage return keeps "NNP" from being a name tag.
-    EXPECT_EQ(output, "input_directory" + directory.path("names") + "\nall names: 5\n");
+    EXPECT_EQ(output, "input_directory" + folder + "\nall names: 5\n");
     EXPECT_EQ(names, (Words{"kept", "Anna", "", "Bea "}));
     ASSERT_EQ(entries.size(), 4U);
     const LexicalEntry& walked = *entries.find("walked")->second;
     EXPECT_EQ(walked.get_word_form() + walked.get_lemma() + walked.get_pos(), "walkedwalkVBD");
     EXPECT_TRUE(entries.contains(" Rome "));
-    testing::internal::CaptureStdout();
-    read_lexicon(lexicon, directory.path("none"), names, entries);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "input_directory" + directory.path("none") + "\nError(2) opening " + directory.path("none") + "\n");
-    testing::internal::CaptureStdout();
-    read_lexicon(directory.path("none"), "", names, entries);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "input_directory\nall names: 0\n");
+    EXPECT_EQ(read(lexicon, none), "input_directory" + none + "\nError(2) opening " + none + "\n");
+    EXPECT_EQ(read(none, ""), "input_directory\nall names: 0\n");
     for (const auto& [word_form, entry] : entries)
         delete entry;
 }
 
-TEST(LexiconReaders, CasesOfEndings) {
-    const std::pair<const char*, Words> rows[] = {{"dominus", {"NOMINATIVE", "VOCATIVE"}},
-                                                  {"rosa", {"ACCUSATIVE", "NOMINATIVE", "VOCATIVE"}},
-                                                  {"rosarum", {"ACCUSATIVE", "GENITIVE"}},
-                                                  {"dominorum", {"ACCUSATIVE", "GENITIVE"}},
-                                                  {"domini", {"NOMINATIVE"}},
-                                                  {"domino", {"ABLATIVE", "DATIVE"}},
-                                                  {"urbibus", {"ABLATIVE", "DATIVE", "NOMINATIVE", "VOCATIVE"}},
-                                                  {"urbs", {}},
-                                                  {"", {}}};
-    for (const auto& [word_form, expected] : rows) {
+TEST(LexiconReaders, CasesOfEndingsAndOfTheLexicon) {
+    using Row = std::pair<const char*, Words>;
+    for (const auto& [word_form, expected] :
+         {Row("dominus", {"NOMINATIVE", "VOCATIVE"}), Row("rosa", {"ACCUSATIVE", "NOMINATIVE", "VOCATIVE"}),
+          Row("rosarum", {"ACCUSATIVE", "GENITIVE"}), Row("dominorum", {"ACCUSATIVE", "GENITIVE"}),
+          Row("domini", {"NOMINATIVE"}), Row("domino", {"ABLATIVE", "DATIVE"}),
+          Row("urbibus", {"ABLATIVE", "DATIVE", "NOMINATIVE", "VOCATIVE"}), Row("urbs", {}), Row("", {})}) {
         Words cases;
         get_cases_from_word_form(word_form, cases);
         EXPECT_EQ(cases, expected) << word_form;
     }
-}
-
-TEST(LexiconReaders, CasesOfTheLexiconAreTheEmptyOneAtMost) {
-    LexicalEntry with, without;
+    LexicalEntry with, without; // the lexicon gives the empty case at most
     with.set_case("DATIVE");
     Words cases;
     EXPECT_FALSE(get_cases_from_lexicon("x", {{"y", &without}}, cases));

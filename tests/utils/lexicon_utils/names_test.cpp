@@ -14,43 +14,39 @@ struct Names : testing::Test {
 };
 
 TEST_F(Names, InstancesAreNounsWithAnInstanceHypernym) {
-    for (const char* name : {"paris", "new_york", "einstein"})
-        EXPECT_EQ(is_instance(name, 1), CINSTANCE) << name;
-    EXPECT_EQ(is_instance("dog", 1), TYPE);
-    EXPECT_EQ(is_instance("run", 2), TYPE);
-    for (const std::string& word : {std::string("Paris"), std::string("new york"), std::string(300, 'a')})
-        EXPECT_EQ(is_instance(word, 1), NOT_FOUND) << word;
-    for (const int pos : {-1, 0, 3, 5})
-        EXPECT_EQ(is_instance("dog", pos), NOT_FOUND) << pos;
+    using Row = std::tuple<std::string, int, instance_ret>;
+    for (const auto& [word, pos, expected] :
+         {Row("paris", 1, CINSTANCE), Row("new_york", 1, CINSTANCE), Row("dog", 1, TYPE), Row("run", 2, TYPE),
+          Row("Paris", 1, NOT_FOUND), Row("new york", 1, NOT_FOUND), Row(std::string(300, 'a'), 1, NOT_FOUND),
+          Row("dog", -1, NOT_FOUND), Row("dog", 0, NOT_FOUND), Row("dog", 3, NOT_FOUND), Row("dog", 5, NOT_FOUND)})
+        EXPECT_EQ(is_instance(word, pos), expected) << word << " " << pos;
 }
 
 TEST_F(Names, WordForms) {
-    using Row = std::tuple<std::string, std::string, std::string>; // word form, lemma, part of speech
     const std::string unknown(300, 'z');
-    for (const auto& [form, lemma, pos] :
-         {Row("cats", "cat", "N"), Row("Wolves", "", "NE"), Row("ran", "", "V"), Row("running", "", "VB"),
-          Row("larger", "", "ADJ"), Row("zorks", "zork", "N"), Row("zorks", "zork", "V"), Row("glasss", "", "N"),
-          Row(unknown + "s", unknown, "N")})
-        EXPECT_TRUE(is_word_form(form, lemma, pos)) << form << " " << pos;
-    for (const auto& [form, lemma, pos] :
-         {Row("cat", "cat", "N"), Row("cats", "cat", "X"), Row("zorks", "zork", "ADJ"), Row("zorks", "x", "N"),
-          Row("Zorks", "zork", "N"), Row("gasses", "", "ADV"), Row("", "", "N")})
-        EXPECT_FALSE(is_word_form(form, lemma, pos)) << form << " " << pos;
+    using Row = std::tuple<std::string, std::string, std::string, bool>; // word form, lemma, part of speech
+    for (const auto& [form, lemma, pos, expected] :
+         {Row("cats", "cat", "N", true), Row("Wolves", "", "NE", true), Row("ran", "", "V", true),
+          Row("running", "", "VB", true), Row("larger", "", "ADJ", true), Row("zorks", "zork", "N", true),
+          Row("zorks", "zork", "V", true), Row("glasss", "", "N", true), Row(unknown + "s", unknown, "N", true),
+          Row("cat", "cat", "N", false), Row("cats", "cat", "X", false), Row("zorks", "zork", "ADJ", false),
+          Row("zorks", "x", "N", false), Row("Zorks", "zork", "N", false), Row("gasses", "", "ADV", false),
+          Row("", "", "N", false)})
+        EXPECT_EQ(is_word_form(form, lemma, pos), expected) << form << " " << pos;
 }
 
 TEST_F(Names, Recognizers) {
     const std::map<std::string, int> counts = {{"Zork", 2}, {"zork", 1}, {"Blick", 1}, {"blick", 2}};
-    const auto judge = [&](const std::string& word) {
-        return std::string(uby_ne_recognizer(word, counts) ? "u" : "") +
-               (clearnlp_ne_recognizer(word, counts) ? "c" : "") +
-               (clearnlp_capitalized_adj_recognizer(word, counts) ? "a" : "");
-    };
-    for (const char* name : {"Paris", "Zork", "Xyzzy Frob", "Xyzzy éfrob", "Éxyz Frob", " "})
-        EXPECT_EQ(judge(name), "u") << name;
-    for (const char* other : {"Dog", "Blick", "blick", "Xyzzy", "Xyzzy frob", ""})
-        EXPECT_EQ(judge(other), "") << other;
-    EXPECT_EQ(judge("paris"), "c");
-    EXPECT_EQ(judge("zork"), "ca");
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [word, recognizers] :
+         {Row("Paris", "u"), Row("Zork", "u"), Row("Xyzzy Frob", "u"), Row("Xyzzy éfrob", "u"), Row("Éxyz Frob", "u"),
+          Row(" ", "u"), Row("Dog", ""), Row("Blick", ""), Row("blick", ""), Row("Xyzzy", ""), Row("Xyzzy frob", ""),
+          Row("", ""), Row("paris", "c"), Row("zork", "ca")})
+        EXPECT_EQ(std::string(uby_ne_recognizer(word, counts) ? "u" : "") +
+                      (clearnlp_ne_recognizer(word, counts) ? "c" : "") +
+                      (clearnlp_capitalized_adj_recognizer(word, counts) ? "a" : ""),
+                  recognizers)
+            << word;
 }
 
 } // namespace

@@ -1,16 +1,14 @@
 #include "utils/lexicon_utils/rules.h"
 
+#include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
 #include "utils/EnglishLexicalEntry.h"
 
 #include <gtest/gtest.h>
 #include <libxml++/libxml++.h>
-#include <log4cpp/Category.hh>
-#include <log4cpp/OstreamAppender.hh>
 
-#include <memory>
-#include <sstream>
 #include <stdexcept>
+#include <tuple>
 
 namespace zelvor {
 namespace {
@@ -25,75 +23,51 @@ Strings texts(const std::vector<Rule*>& rules) {
     return list;
 }
 
-TEST(Rules, ReplaceASuffix) {
-    const char* const rows[][4] = {{"ies", "y", "party", "parties"}, {"ies", "y", "day", "daies"},
-                                   {"s", "", "cat", "cats"},         {"x", "cat", "cat", "x"},
-                                   {"", "cat", "cat", ""},           {"s", "Y", "party", ""}};
-    for (const auto& [conclusion, premise, input, expected] : rows)
-        EXPECT_EQ(Rule(conclusion, premise, nullptr).apply_rule(input), expected);
-}
-
 TEST(Rules, PlainFileGivesAListSortedByPremise) {
     const TemporaryDirectory directory;
+    CapturedLog log;
     const std::string file = directory.write("rules", "s\nies y\n\na b c\nes y\n bb\r");
     std::vector<Rule*> rules{new Rule("kept", "xx", nullptr)};
     parse_rules(file, rules, nullptr);
     EXPECT_EQ(texts(rules), (Strings{"a/b c", "/bb\r", "kept/xx", "ies/y", "es/y", "s/", "/"}));
     EXPECT_TRUE(length_greater(rules[3], rules[4]) && length_greater(rules[4], rules[3]));
     EXPECT_FALSE(length_greater(rules[5], rules[4]));
-    std::ostringstream log;
-    log4cpp::Category& category = log4cpp::Category::getInstance("RULES_TEST");
-    category.setAdditivity(false);
-    category.setAppender(new log4cpp::OstreamAppender("log", &log));
-    category.setPriority(log4cpp::Priority::INFO);
-    parse_rules(file + ".missing", rules, &category);
+    parse_rules(file + ".missing", rules, &log.category);
     rules.push_back(nullptr);
     Strings forms{"first"};
-    apply_rules("party", rules, forms, &category);
+    apply_rules("party", rules, forms, &log.category);
     apply_rules("party", rules, forms, nullptr);
-    category.removeAllAppenders();
     // "s" is subsumed by "ies"; the empty rule, by both.
     EXPECT_EQ(forms, (Strings{"first", "parties", "partes", "parties", "partes"}));
-    const std::string expected[] = {" number of rules in " + file + ".missing: 7",
-                                    "number of rules: 8",
-                                    "apply rule: ies<=y on party",
-                                    "result: parties",
-                                    "application of rule successful",
-                                    "conclusion s already used. Skipping"};
-    for (std::size_t at = 0; const std::string& message : expected) {
-        at = log.str().find(message + "\n", at);
-        EXPECT_NE(at, std::string::npos) << message << " in\n" << log.str();
-    }
+    log.expect({" number of rules in " + file + ".missing: 7", "number of rules: 8", "apply rule: ies<=y on party",
+                "result: parties", "application of rule successful", "conclusion s already used. Skipping"});
     delete_rules(rules);
     EXPECT_TRUE(rules.empty());
 }
 
-TEST(Rules, AConclusionIsUsedOnlyOnceItHasGivenAForm) {
-    Rule miss("s", "x", nullptr), hit("s", "", nullptr), again("s", "t", nullptr);
-    std::vector<Rule*> rules{&miss, &hit, &again};
-    Strings forms;
-    apply_rules("cat", rules, forms, nullptr);
-    EXPECT_EQ(forms, Strings{"cats"});
-    const std::string lemma(40, 'x');
-    Rule other("two", "", nullptr);
-    rules = {&hit, &other};
-    forms = {lemma};
+TEST(Rules, ReplaceASuffixAndUseAConclusionOnlyOnceItHasGivenAForm) {
+    for (const auto& [conclusion, premise, input, expected] :
+         {std::tuple{"x", "cat", "cat", "x"}, std::tuple{"", "cat", "cat", ""}, std::tuple{"s", "Y", "party", ""}})
+        EXPECT_EQ(Rule(conclusion, premise, nullptr).apply_rule(input), expected);
+    Rule miss("s", "x", nullptr), hit("s", "", nullptr), again("s", "t", nullptr), other("two", "", nullptr);
+    std::vector<Rule*> rules{&miss, &hit, &again, &other};
+    const std::string lemma = std::string(40, 'x') + "t";
+    Strings forms{lemma};
     apply_rules(forms[0], rules, forms, nullptr); // the list that grows holds the lemma
     EXPECT_EQ(forms, (Strings{lemma, lemma + "s", lemma + "two"}));
 }
 
 TEST(Rules, Subsumption) {
     Rule longer("ies", "ry", nullptr);
-    const struct {
-        Rule rule;
-        bool expected;
-    } rows[] = {{{"s", "", nullptr}, true},     {{"es", "y", nullptr}, true}, {{"ies", "y", nullptr}, false},
-                {{"es", "ry", nullptr}, false}, {{"", "", nullptr}, true},    {{"s", "x", nullptr}, false}};
-    for (auto row : rows)
-        EXPECT_EQ(subsume_rule(&row.rule, {nullptr, &longer}), row.expected) << row.rule.get_conclusion();
+    using Row = std::tuple<const char*, const char*, bool>;
+    for (const auto& [conclusion, premise, expected] :
+         {Row("es", "y", true), Row("ies", "y", false), Row("es", "ry", false), Row("", "", true),
+          Row("s", "x", false)}) {
+        Rule rule(conclusion, premise, nullptr);
+        EXPECT_EQ(subsume_rule(&rule, {nullptr, &longer}), expected) << conclusion;
+    }
     EXPECT_FALSE(subsume_rule(nullptr, {&longer}));
-    EXPECT_TRUE(collection_ends_with("s", {"x", "ies"}));
-    EXPECT_FALSE(collection_ends_with("s", {}));
+    EXPECT_TRUE(collection_ends_with("s", {"x", "ies"}) && !collection_ends_with("s", {}));
     std::set<std::string> values;
     insert(values, "");
     insert(values, "a,,b");
@@ -133,9 +107,8 @@ TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
     EXPECT_EQ(rule.feature_vector_size(), 2);
     EXPECT_THROW(rule.fill_features(party, 2), std::out_of_range);
     EXPECT_THROW(rule.fill_features(party, -1), std::out_of_range);
-    const Rule plain("s", "", nullptr);
-    EXPECT_EQ(plain.feature_vector_size(), 0);
-    EXPECT_NO_THROW(plain.fill_features(party, 7));
+    EXPECT_EQ(Rule("s", "", nullptr).feature_vector_size(), 0);
+    EXPECT_NO_THROW(Rule("s", "", nullptr).fill_features(party, 7));
     for (const EnglishLexicalEntry* const entry : output)
         delete entry;
 }

@@ -31,18 +31,15 @@ TEST_F(Endings, BecomeSuffixesOfGrowingLength) {
           Row("äääädabc", "c bc abc"), Row("\xC3\xA4x", "old old old"), Row("3a", "old old old"),
           Row("q", "old old old"), Row("", "old old old")}) {
         LexicalEntry entry("lemma", word_form, "N");
-        for (auto set :
-             {&EnglishLexicalEntry::set_suffix1, &EnglishLexicalEntry::set_suffix2, &EnglishLexicalEntry::set_suffix3})
-            (entry.*set)("old");
+        entry.set_suffix1("old");
+        entry.set_suffix2("old");
+        entry.set_suffix3("old");
         std::vector<LexicalEntry*> entries{nullptr, &entry};
         extract_suffixes_from_lexical_entries(nullptr, &entries);
         extract_suffixes_from_lexical_entries(&root, nullptr);
         extract_suffixes_from_lexical_entries(&root, &entries);
         EXPECT_EQ(entry.get_suffix1() + " " + entry.get_suffix2() + " " + entry.get_suffix3(), suffixes) << word_form;
     }
-}
-
-TEST_F(Endings, OfContainersThatAreEnglishEntries) {
     EnglishLexicalEntry entry("l", "thing", "N");
     BaseLexicalEntry other("l", "thing", "N");
     std::vector<WordFormContainer*> containers{nullptr, &other, &entry};

@@ -4,43 +4,28 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace zelvor {
-namespace {
 
 TEST(Verbs, AuxiliariesAndModalsGetTheirOwnTags) {
-    const char* const rows[][4] = {{"being", "be", "BE", "BEG"},
-                                   {"be", "be", "BE", "BE"},
-                                   {"am", "be", "BE", "BEM"},
-                                   {"is", "be", "BEZ", "BE"},
-                                   {"was", "be", "BEDZ", "BE"},
-                                   {"been", "be", "BEN", "BE"},
-                                   {"were", "be", "BED", "BE"},
-                                   {"are", "be", "BER", "BE"},
-                                   {"weren't", "weren't", "BED*", "BE"},
-                                   {"wasn't", "wasn't", "BEDZ*", "BE"},
-                                   {"ain't", "ain't", "BEM*", "BE"},
-                                   {"do", "do", "DO", "DOD"},
-                                   {"does", "do", "DOZ", "DO"},
-                                   {"did", "do", "DOD", "DO"},
-                                   {"doesn't", "x", "DOZ*", "DO"},
-                                   {"don't", "do", "DOZ*", "DO"},
-                                   {"wilt", "x", "MD", "MD"},
-                                   {"must", "must", "MD", "MD"},
-                                   {"weren't", "be", "OLD", "VB"},
-                                   {"Be", "be", "OLD", "VB"},
-                                   {"do", "make", "OLD", "VB"},
-                                   {"walk", "walk", "OLD", "VB"},
-                                   {"", "", "OLD", "VB"}};
-    for (const auto& [word_form, lemma, pos, lemma_pos] : rows) {
-        EnglishLexicalEntry entry(lemma, word_form, "OLD");
+    using Row = std::tuple<const char*, const char*, const char*>; // word form, lemma, both tags
+    for (const auto& [word_form, lemma, tags] :
+         {Row("being", "be", "BE BEG"),        Row("be", "be", "BE BE"),         Row("am", "be", "BE BEM"),
+          Row("is", "be", "BEZ BE"),           Row("was", "be", "BEDZ BE"),      Row("been", "be", "BEN BE"),
+          Row("were", "be", "BED BE"),         Row("are", "be", "BER BE"),       Row("weren't", "weren't", "BED* BE"),
+          Row("wasn't", "wasn't", "BEDZ* BE"), Row("ain't", "ain't", "BEM* BE"), Row("do", "do", "DO DOD"),
+          Row("does", "do", "DOZ DO"),         Row("did", "do", "DOD DO"),       Row("doesn't", "x", "DOZ* DO"),
+          Row("don't", "do", "DOZ* DO"),       Row("must", "must", "MD MD"),     Row("weren't", "be", "OLD VB"),
+          Row("Be", "be", "OLD VB"),           Row("do", "make", "OLD VB"),      Row("", "", "OLD VB")}) {
+        EnglishLexicalEntry entry(lemma, word_form, "OLD"), other = entry;
         entry.set_lemma_pos("VB");
         concretize_verb_pos(entry);
-        EXPECT_EQ(entry.get_pos() + " " + entry.get_lemma_pos(), std::string(pos) + " " + lemma_pos) << word_form;
+        EXPECT_EQ(entry.get_pos() + " " + entry.get_lemma_pos(), tags) << word_form;
+        other.set_lemma_pos("VBP");
+        concretize_verb_pos(other);
+        EXPECT_EQ(other.get_pos() + other.get_lemma_pos(), "OLDVBP");
     }
-    EnglishLexicalEntry other("be", "are", "OLD");
-    other.set_lemma_pos("VBP");
-    concretize_verb_pos(other);
-    EXPECT_EQ(other.get_pos() + other.get_lemma_pos(), "OLDVBP");
 }
 
 TEST(Verbs, Lines) {
@@ -52,5 +37,4 @@ TEST(Verbs, Lines) {
     EXPECT_EQ(create_genitive_form("James") + create_genitive_form("John"), "James'John's");
 }
 
-} // namespace
 } // namespace zelvor
