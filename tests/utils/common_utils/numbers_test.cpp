@@ -6,7 +6,7 @@
 
 namespace zelvor {
 
-TEST(Numbers, DoublesAsAClassicStreamReadsThem) {
+TEST(Numbers, DoublesAsAClassicStreamReadsThemAndLists) {
     using Row = std::pair<const char*, double>;
     for (const auto& [text, expected] :
          {Row("0.5", 0.5), Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("abc", 0.0), Row("nan", 0.0),
@@ -14,14 +14,11 @@ TEST(Numbers, DoublesAsAClassicStreamReadsThem) {
         EXPECT_EQ(convert_string_to_double(text), expected) << text;
         EXPECT_EQ(convert_ustring_to_double(text), expected) << text;
     }
-}
-
-TEST(Numbers, ListsAreAppendedTo) {
     std::vector<int> values{7};
     parse_numbers("3,x,,-2", ",", values);
-    EXPECT_EQ(values, (std::vector<int>{7, 3, 0, -2}));
     std::set<int> set{1};
     parse_numbers_set("3;2 3", "; ", set);
+    EXPECT_EQ(values, (std::vector<int>{7, 3, 0, -2}));
     EXPECT_EQ(set, (std::set<int>{1, 2, 3}));
 }
 

@@ -1,8 +1,7 @@
 #include "utils/common_utils/process.h"
 
+#include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
-
-#include <gtest/gtest.h>
 
 namespace zelvor {
 
@@ -14,9 +13,7 @@ TEST(Process, ExecReturnsStandardOutput) {
 
 TEST(Process, EquivalentIgnoresAmountsOfWhiteSpace) {
     const TemporaryDirectory directory;
-    testing::internal::CaptureStdout();
-    EXPECT_TRUE(equivalent("a  b\n\nc", "a b\nc ", directory.path()));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\n");
+    EXPECT_EQ(output_of([&] { EXPECT_TRUE(equivalent("a  b\n\nc", "a b\nc ", directory.path())); }), "\n");
     EXPECT_EQ(directory.read("file1.txt") + directory.read("file2.txt"), "a  b\n\nc\na b\nc \n");
     testing::internal::CaptureStdout();
     EXPECT_FALSE(equivalent("a b", "ab", directory.path()));

@@ -1,29 +1,14 @@
 #include "utils/common_utils/text.h"
 
+#include "tests/captured_log.h"
 #include "utils/common_utils/utf8.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
-
 #include <tuple>
 
 namespace zelvor {
-namespace {
 
 using Strings = std::vector<std::string>;
-
-template<typename Views>
-Strings to_strings(const Views& views) {
-    return Strings(views.begin(), views.end());
-}
-
-TEST(Text, PrefixesAndSuffixes) {
-    EXPECT_TRUE(vends_with("a.tei", ".tei") && !vends_with(".tei", "a.tei") && !vstarts_with("/", "//"));
-    EXPECT_TRUE(vstarts_with_ustring("äb", "ä") && !vstarts_with_ustring("ä", "\xC3")); // half a character is no prefix
-    EXPECT_TRUE(all_alphanum("aZ09") && all_alphanum("") && !all_alphanum("ä"));
-    EXPECT_FALSE(is_number_or_letter(0x106));
-}
 
 TEST(Text, SearchNeverTriesTheLastFittingPlace) {
     // An end before the pattern's length wraps round, and still reads nothing beyond the text.
@@ -39,40 +24,31 @@ TEST(Text, SearchNeverTriesTheLastFittingPlace) {
     EXPECT_EQ(search_string_last("abc", "abcd"), -1);
 }
 
-TEST(Text, TwoSplittersThatDifferInEmptyFields) {
+TEST(Text, SplittersThatDifferInEmptyFields) {
     using Row = std::tuple<const char*, Strings, Strings>;
     for (const auto& [text, tokens, fields] :
-         {Row("a#b", {"a", "b"}, {"a", "b"}), Row("a##b", {"a", "b"}, {"a", "b"}), Row("#a", {"a"}, {"", "a"}),
-          Row("a#", {"a"}, {"a", ""}), Row("##", {}, {"", ""}), Row("", {}, {""})}) {
-        SCOPED_TRACE(text);
+         {Row("a##b", {"a", "b"}, {"a", "b"}), Row("#a", {"a"}, {"", "a"}), Row("a#", {"a"}, {"a", ""}),
+          Row("##", {}, {"", ""}), Row("", {}, {""})}) {
+        const auto found_tokens = split_tokens(text, "#"), found_fields = split_fields(text, "#");
         EXPECT_EQ(*tokenize(text, "#"), tokens);
-        EXPECT_EQ(to_strings(split_tokens(text, "#")), tokens);
-        EXPECT_EQ(to_strings(split_fields(text, "#")), fields);
+        EXPECT_EQ(Strings(found_tokens.begin(), found_tokens.end()), tokens);
+        EXPECT_EQ(Strings(found_fields.begin(), found_fields.end()), fields) << text;
     }
     std::set<std::string> values{"z"};
     tokenize_arg_set(",b,,a, c,", ",", values);
     EXPECT_EQ(values, (std::set<std::string>{" c", "a", "b", "z"}));
     EXPECT_EQ(*tokenize("a b;c", "; "), (Strings{"a", "b", "c"}));
-}
-
-TEST(Text, UnicodeSegmentsSkipOneCodePointOfTheSeparator) {
-    // The rest of a longer separator opens the next segment.
-    using Row = std::tuple<const char*, const char*, bool, std::vector<Glib::ustring>>;
+    // Of a longer separator one code point is skipped, the rest opens the next segment.
+    using Segments = std::tuple<const char*, const char*, bool, std::vector<Glib::ustring>>;
     for (const auto& [word, separator, allow_empty, expected] :
-         {Row("a;;b", ";", false, {"a", "b"}), Row("a;;b", ";", true, {"a", "", "b"}), Row(";", ";", true, {"", ""}),
-          Row(";", ";", false, {}), Row("", ";", true, {""}), Row("aß-b", "ß-", false, {"a", "-b"}),
-          Row("aaa", "aa", true, {"", "", "a"}), Row("ab", "", true, {"ab"})}) {
+         {Segments("a;;b", ";", false, {"a", "b"}), Segments("a;;b", ";", true, {"a", "", "b"}),
+          Segments(";", ";", true, {"", ""}), Segments(";", ";", false, {}), Segments("", ";", true, {""}),
+          Segments("aß-b", "ß-", false, {"a", "-b"}), Segments("aaa", "aa", true, {"", "", "a"}),
+          Segments("ab", "", true, {"ab"})}) {
         std::vector<Glib::ustring> segments;
         tokenize_ustring(word, separator, segments, allow_empty);
         EXPECT_EQ(segments, expected) << word;
     }
-}
-
-TEST(Text, ShortensAndRepeats) {
-    EXPECT_EQ(get_substr("abcd", 4) + get_substr("abcd", 5), "abcd...abcd");
-    EXPECT_EQ(head("abcd", 4) + head("abcd", 5), "abcd...abcd");
-    EXPECT_EQ(concatenate_duplicate("ab", 3) + concatenate_duplicate("ab", -1), "ababab");
-    EXPECT_EQ(trimmed(" \t\n\v\f\r"), "");
 }
 
 TEST(Text, ReplacesWithTheEndOfTheTextAsAWildcard) {
@@ -84,29 +60,35 @@ TEST(Text, ReplacesWithTheEndOfTheTextAsAWildcard) {
         EXPECT_EQ(string_replace_vec(text, {{from, to}, {"a", "Y"}}).raw(), expected) << text;
     }
     EXPECT_EQ(string_replace_vec("ab", {}).raw(), "");
-}
-
-TEST(Text, CodePointsSurviveReversalTrimmingAndReplacement) {
-    EXPECT_EQ(revert("aä\U0001F702").raw(), "\U0001F702äa");
-    EXPECT_EQ(revert("a\xC3").raw(), "\xC3"
-                                     "a");
-    EXPECT_EQ(utrim("\v\f ä b\r\n").raw(), "ä b");
-    EXPECT_EQ(utrim(" \t").raw(), "");
     Glib::ustring text = "aäa\xFF";
     replace(text, 0xE4, 'x');
-    EXPECT_EQ(text.raw(), "axa\xFF");
     replace(text, 'a', 0x1F702);
     EXPECT_EQ(text.raw(), "\U0001F702x\U0001F702\xFF");
 }
 
-TEST(Text, Arguments) {
+TEST(Text, PrefixesSuffixesAndParts) {
+    EXPECT_TRUE(vends_with("a.tei", ".tei") && !vends_with(".tei", "a.tei") && !vstarts_with("/", "//"));
+    EXPECT_TRUE(vstarts_with_ustring("äb", "ä") && !vstarts_with_ustring("ä", "\xC3")); // half a character is no prefix
+    EXPECT_TRUE(all_alphanum("aZ09") && all_alphanum("") && !all_alphanum("ä") && !is_number_or_letter(0x106));
+    EXPECT_TRUE(contains_alpha("1λ") && !contains_alpha("1-2\xFF"));
+    EXPECT_EQ(find("aéb;", ';', 0, 4), 3);
+    for (const int found : {find("aéb;", ';', 0, 3), find("a;", 'a', 1, 9), find("a;", ';', 3, 9)})
+        EXPECT_EQ(found, -1);
+    EXPECT_EQ(get_substr("abcd", 4) + get_substr("abcd", 5), "abcd...abcd");
+    EXPECT_EQ(head("abcd", 4) + head("abcd", 5), "abcd...abcd");
+    EXPECT_EQ(concatenate_duplicate("ab", 3) + concatenate_duplicate("ab", -1), "ababab");
+    EXPECT_EQ(trimmed(" \t\n\v\f\r"), "");
+    EXPECT_EQ(revert("aä\U0001F702").raw(), "\U0001F702äa");
+    EXPECT_EQ(revert("z\xC3").raw(), "\xC3z");
+    EXPECT_EQ(utrim("\v\f ä b\r\n").raw(), "ä b");
+    EXPECT_EQ(utrim(" \t").raw(), "");
+}
+
+TEST(Text, ArgumentsAndLists) {
     std::map<std::string, std::string> parameters{{"b", "old"}};
     parse_arguments("a=1&b=2&c&=d&=&&e=x=y", parameters);
     EXPECT_EQ(parameters,
               (std::map<std::string, std::string>{{"a", "1"}, {"b", "old"}, {"c", ""}, {"d", ""}, {"e", "x"}}));
-}
-
-TEST(Text, ConvertsToText) {
     EXPECT_EQ(convert_to_string(std::pair<std::string, std::string>("a", "b")), "(a,b)");
     EXPECT_EQ(convert_to_string(1234567.0), "1.23457e+06");
     const std::map<std::string, bool> map{{"a", true}, {"b", false}};
@@ -114,17 +96,7 @@ TEST(Text, ConvertsToText) {
     const std::vector<Glib::ustring> list{"ä", "", "b"};
     EXPECT_EQ(convert_list_to_string(list.begin(), list.end(), ", "), "ä, , b");
     EXPECT_EQ(convert_list_to_string(list.end(), list.end(), ","), "");
-    testing::internal::CaptureStdout();
-    print_set({"b", "a"});
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "a b \n");
+    EXPECT_EQ(output_of([] { print_set({"b", "a"}); }), "a b \n");
 }
 
-TEST(Text, FindsCodePointsAndLetters) {
-    EXPECT_EQ(find("aéb;", ';', 0, 4), 3);
-    for (const int found : {find("aéb;", ';', 0, 3), find("a;", 'a', 1, 9), find("a;", ';', 3, 9)})
-        EXPECT_EQ(found, -1);
-    EXPECT_TRUE(contains_alpha("1λ") && !contains_alpha("1-2\xFF"));
-}
-
-} // namespace
 } // namespace zelvor
