@@ -1,68 +1,57 @@
 #include "tools/TaggerFormatConverter.h"
 
+#include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
+#include "utils/common_utils/process.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <log4cpp/Category.hh>
 #include <log4cpp/OstreamAppender.hh>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <sstream>
 #include <tuple>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace zelvor {
 namespace {
 
-/// A lexicon line with an id, a lemma part of speech and a part of speech.
-std::string lexicon_line(const std::string& id, const std::string& lemma_pos, const std::string& pos) {
-    return "0#s#sp#3#l#src#" + lemma_pos + "#" + id + "#w#9#10#11#12#13#14#15#16#" + pos + "#18#19#20#21\n";
-}
-
 std::string word(const std::string& text, const std::string& id) {
     return "<w lemma=\"x{'ls':[{'name':'l','wfs':[{'id':" + id + "}]}]}x\">" + text + "</w>";
 }
 
-class Converter : public testing::Test {
-protected:
+struct Converter : testing::Test {
     /// Converts what is at `input` and returns standard output.
     std::string convert(const std::string& input, const std::string& lexicon = "") {
-        testing::internal::CaptureStdout();
-        TaggerFormatConverter().convert_format({input, directory.path("out"), lexicon});
-        return testing::internal::GetCapturedStdout();
+        return output_of([&] { TaggerFormatConverter().convert_format({input, directory.path("out"), lexicon}); });
     }
 
     /// The progress lines of one TEI file around its token lines.
     std::string report(const std::string& file, const std::string& tokens) const {
-        const std::string path = directory.path(file);
-        return "input filename: " + path + "\ninput filename 2 : " + path + "\ninput filename 3 : " + path + "\n" +
-               tokens;
+        const std::string name = directory.path(file) + "\n";
+        return "input filename: " + name + "input filename 2 : " + name + "input filename 3 : " + name + tokens;
     }
-
-    std::string separators() const { return directory.read("out"); }
 
     TemporaryDirectory directory;
 };
 
 TEST_F(Converter, WritesTokensAndSeparators) {
+    const auto line = [](const std::string& id, const std::string& pos) {
+        return "0#s#sp#3#l#src#NN#" + id + "#w#9#10#11#12#13#14#15#16#" + pos + "#18#19#20#21\n";
+    };
     const std::string lexicon =
-        directory.write("lexicon", "// " + lexicon_line("17", "x", "Comment") + lexicon_line("17", "V", "Verb") +
-                                       lexicon_line("17", "V", "Later") + lexicon_line("18", "NN", "Noun") +
-                                       lexicon_line("none", "x", "Zero") + "1#2#3#4#5#6#7#19#only so far\n" + "\n");
+        directory.write("lexicon", "// " + line("17", "Comment") + line("17", "Verb") + line("17", "Later") +
+                                       line("18", "Noun") + line("none", "Zero") + "1#2#3#4#5#6#7#19#short\n\n");
     const std::string file =
         directory.write("a.xml", "<t><s>" + word("amat", "17") + word("rosa", "18") + word("x", "0") + word("y", "19") +
                                      word("z", "99") + "<c>,</c><c>;</c></s><s/><s><c>.</c></s></t>");
     // The short line is stored under its id, without a part of speech.
     EXPECT_EQ(convert(file, lexicon), report("a.xml", "amat Verb\nrosa NN\nx Zero\ny \n, $,\n. $.\n"));
-    EXPECT_EQ(separators(), "\n\n\n");
+    EXPECT_EQ(directory.read("out"), "\n\n\n");
     EXPECT_EQ(convert(file, lexicon + ".missing"), report("a.xml", ", $,\n. $.\n"));
 }
 
@@ -95,12 +84,12 @@ TEST_F(Converter, FilesThatCannotBeParsedYieldNothingAndTheRestIsConverted) {
           Row("empty.xml", ""), Row("blank.xml", ""), Row("truncated.xml", ", $,\n"), Row("encoding.xml", ""),
           Row("utf8.xml", ", $,\n"), Row("latin1.xml", ", $,\n"), Row("good-link.xml", ". $.\n")}) {
         EXPECT_EQ(convert(directory.path(name)), report(name, tokens));
-        EXPECT_EQ(separators(), *tokens ? "\n" : "") << name;
+        EXPECT_EQ(directory.read("out"), *tokens ? "\n" : "") << name;
     }
     // In one run, no faulty file repeats the sentences of the one before it.
     std::filesystem::remove(directory.path("out"));
     const std::string all = convert(directory.path());
-    EXPECT_EQ(separators(), "\n\n\n\n\n") << all;
+    EXPECT_EQ(directory.read("out"), "\n\n\n\n\n") << all;
     if (geteuid() != 0) {
         std::filesystem::permissions(directory.path("d"), std::filesystem::perms::none);
         EXPECT_EQ(convert(directory.path("d")), "Error(13) opening " + directory.path("d") + "\n");
@@ -141,17 +130,12 @@ TEST_F(Converter, LinesLostInWritingAreLogged) {
     EXPECT_THAT(log.str(),
                 testing::ContainsRegex(": /dev/full: lines are lost\n.*: standard output: lines are lost\n$"));
     EXPECT_EQ(std::ranges::count(log.str(), '\n'), 2) << log.str();
-    EXPECT_EQ(separators(), "\n");
+    EXPECT_EQ(directory.read("out"), "\n");
 }
 
 /// Runs the installed program as a shell would; standard output, then the exit status.
-std::pair<std::string, int> run_tool(const std::string& arguments) {
-    FILE* const pipe = popen((std::string("'") + ZELVOR_TOOL + "' " + arguments).c_str(), "r");
-    std::string output;
-    std::array<char, 4096> buffer{};
-    for (std::size_t read; (read = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        output.append(buffer.data(), read);
-    return {output, WEXITSTATUS(pclose(pipe))};
+std::string run_tool(const std::string& arguments) {
+    return exec(std::string("'") + ZELVOR_TOOL + "' " + arguments + "; echo $?");
 }
 
 TEST_F(Converter, CommandLine) {
@@ -163,24 +147,20 @@ TEST_F(Converter, CommandLine) {
             "Description: converts the tagger format of the training data\n",
         no_input = "Option input_filename is missing!\n", no_output = "Option output_filename is missing!\n",
         file = directory.write("a.txt", ""), out = directory.path("out"), line = "input filename: " + file + "\n";
+    const std::string in = "-i " + file, files = in + " -o " + out;
     // A complaint of getopt goes to standard error, then the run; an option takes "-i" as its value.
-    using Row = std::tuple<std::string, std::string, int>;
-    for (const auto& [arguments, output, status] :
-         {Row("-h", log + usage, 0), Row("--verbose 3 -i x -o y --help -z", log + usage, 0),
-          Row("2>&1", log + no_input, 10), Row("-i '' -o x 2>&1", log + no_input, 10),
-          Row("-i " + file + " 2>&1", log + no_output, 10), Row("-i " + file + " -o " + out + " 2>&1", log + line, 0),
-          Row("--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, log + line, 0),
-          Row("-v 3 -i " + file + " -o " + out + " 2>/dev/null", log + line, 0),
-          Row("-i " + file + " -o /no/such/folder/out 2>&1", log + line, 0),
-          Row("--verbose -i " + file + " -o " + out + " 2>&1", log + no_input, 10)})
-        EXPECT_EQ(run_tool(arguments), std::pair(output, status)) << arguments;
-}
-
-TEST_F(Converter, BothStreamsMeetInOrderInAPipe) {
-    const std::string file = directory.write("a.xml", "<t><s><c>,</c></s><s><c>.</c></s></t>");
-    const std::string output = run_tool("-i " + file + " -o /dev/stdout | cat").first;
-    EXPECT_NE(output.find("input filename 3 : " + file + "\n, $,\n\n. $.\n\n"), output.npos) << output;
-    EXPECT_EQ(run_tool("-i " + file + " -o /dev/full").second, 0);
+    using Row = std::pair<std::string, std::string>;
+    for (const auto& [arguments, output] :
+         {Row("-h", usage + "0"), Row("--verbose 3 -i x -o y --help -z", usage + "0"), Row("2>&1", no_input + "10"),
+          Row("-i '' -o x 2>&1", no_input + "10"), Row(in + " 2>&1", no_output + "10"),
+          Row(files + " 2>&1", line + "0"), Row("-v 3 " + files + " 2>/dev/null", line + "0"),
+          Row("--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, line + "0"),
+          Row(in + " -o /no/such/folder/out 2>&1", line + "0"), Row("--verbose " + files + " 2>&1", no_input + "10")})
+        EXPECT_EQ(run_tool(arguments), log + output + "\n") << arguments;
+    // Both streams meet in order in a pipe.
+    const std::string tei = directory.write("a.xml", "<t><s><c>,</c></s><s><c>.</c></s></t>");
+    EXPECT_EQ(run_tool("-i " + tei + " -o /dev/stdout | cat"), log + report("a.xml", ", $,\n\n. $.\n\n0\n"));
+    EXPECT_TRUE(run_tool("-i " + tei + " -o /dev/full").ends_with("\n0\n"));
 }
 
 } // namespace
