@@ -268,8 +268,8 @@ TEST(LetterTrieFuzzy, FindsKnownCases) {
     // stored, input, from, tolerance, threshold, steps, budgets left
     using Row = std::tuple<Words, std::string, unsigned int, double, unsigned int, int, Result>;
     for (const auto& [stored, str, from, tolerance, threshold, steps, result] :
-         {Row({"abc"}, "axc", 0, 1.0, 0, 1, {{"abc", "0.5"}}), Row({"abc"}, "bac", 0, 1.0, 0, 1, {{"abc", "0"}}),
-          Row({"abc"}, "xxabc", 2, 0.0, 9, 0, {{"abc", "0"}}), Row({"ab", "abc"}, "ab", 0, 1.0, 0, 0, {{"ab", "1"}}),
+         {Row({"abc"}, "axc", 0, 1.0, 0, 1, {{"abc", "0.5"}}), Row({"ccab"}, "xxba", 0, 2.5, 0, 3, {{"ccab", "-0.5"}}),
+          Row({"ab", "abc"}, "ab", 0, 1.0, 0, 0, {{"ab", "1"}}),
           Row({"abc", "x"}, "", 0, INF, 0, 1, {{"abc", "inf"}, {"x", "inf"}}),
           Row({"ab"}, "ba", 9, 3.0, 9, 2, {{"ab", "1"}}), Row({"ab"}, "ab", 0, NOT_A_NUMBER, 0, 0, {{"ab", "nan"}}),
           Row({"ab"}, "zzz", 0, 1e12, 0, 3, {{"ab", "999999999997"}}), Row({nul}, "a\xC3", 0, 2.0, 0, 2, {{nul, "0"}}),
