@@ -4,9 +4,8 @@
 #include "tests/temporary_directory.h"
 #include "utils/common_utils/text.h"
 
+#include <boost/regex.hpp>
 #include <gtest/gtest.h>
-
-#include <regex>
 
 namespace zelvor {
 namespace {
@@ -47,7 +46,7 @@ TEST_F(Arpa, ScoresBackOffByTheLongestContext) {
                        Row("et et", -0.35 - 0.05 + (-0.25 - 1.2)),
                        Row("sum et rex", (-0.5 - 0.9) + (-0.125 - 0.7) - 0.02 + (-1 - 1.2)),
                        Row("rex dux", -0.3 + (-0.0625 - 1 - 1) - 1.2)};
-    for (const std::string& text : {MODEL, std::regex_replace(MODEL, std::regex("\n"), "\r\n")}) {
+    for (const std::string& text : {MODEL, boost::regex_replace(MODEL, boost::regex("\n"), "\r\n")}) {
         ASSERT_TRUE(load(text));
         for (const auto& [sentence, expected] : rows)
             EXPECT_NEAR(score(sentence), expected, 1e-6) << sentence;

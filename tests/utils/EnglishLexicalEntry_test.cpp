@@ -7,11 +7,11 @@
 namespace zelvor {
 namespace {
 
-/// The entry of a line of 15 columns, with one of them changed.
-EnglishLexicalEntry walks(std::size_t column = 15, const std::string& text = "") {
-    std::vector<std::string> columns{"walks",      "walk",     "VB",         "VBZ",      "w2,w1",
-                                     "l",          "p",        "NOMINATIVE", "POSITIVE", "F",
-                                     "INDICATIVE", "SINGULAR", "3",          "PRESENT",  "motion"};
+/// The entry of a line with one column too many, and one changed.
+EnglishLexicalEntry walks(std::size_t column = 16, const std::string& text = "") {
+    std::vector<std::string> columns{"walks", "walk",       "VB",       "VBZ",   "w2,w1",      "l",
+                                     "p",     "NOMINATIVE", "POSITIVE", "F",     "INDICATIVE", "SINGULAR",
+                                     "3",     "PRESENT",    "motion",   "beyond"};
     if (column < columns.size())
         columns[column] = text;
     EnglishLexicalEntry entry;

@@ -29,10 +29,11 @@ TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
     }
     WordFormContainer container;
     container.add_predicted_lemmas("a", 0.5);
-    container.merge_max_predicted_lemmas("b", std::nan(""));
-    EXPECT_EQ((container.end_predicted_lemmas() - 1)->first, "b");
+    const std::string long_lemma(40, 'b'); // on the heap, so that a use after its end shows
+    container.merge_max_predicted_lemmas(long_lemma, std::nan(""));
+    EXPECT_EQ((container.end_predicted_lemmas() - 1)->first, long_lemma);
     container.merge_max_predicted_lemmas((container.end_predicted_lemmas() - 1)->first, 0.75); // of the list itself
-    EXPECT_EQ(container.begin_predicted_lemmas()->first, "b");
+    EXPECT_EQ(container.begin_predicted_lemmas()->first, long_lemma);
 }
 
 TEST(WordFormContainer, AskingForAFeatureEntersItAndACopyOwnsNoEmbeddings) {
