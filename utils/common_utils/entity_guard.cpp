@@ -1,12 +1,13 @@
 #include "utils/common_utils/entity_guard.h"
 
+#include "utils/common_utils/files.h"
+
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/uri.h>
 #include <log4cpp/Category.hh>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -17,12 +18,6 @@ namespace zelvor {
 namespace {
 
 EntityGuard* current_guard = nullptr;
-
-/// The file behind a path with all links resolved; empty when there is none.
-std::string real_path(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
-    return resolved ? resolved.get() : "";
-}
 
 std::string folder_of(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 

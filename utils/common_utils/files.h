@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdlib>
 #include <fstream>
+#include <memory>
 #include <string>
 
 namespace zelvor {
@@ -15,6 +17,12 @@ bool for_each_line(const std::string& filename, Use use) {
     for (std::string line; std::getline(file, line);)
         use(line);
     return true;
+}
+
+/// The absolute path without links and ".."; empty when there is nothing of that name.
+inline std::string real_path(const std::string& path) {
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(path.c_str(), nullptr), std::free);
+    return resolved ? resolved.get() : "";
 }
 
 } // namespace zelvor

@@ -1,12 +1,13 @@
 #include "utils/common_utils/output_file.h"
 
+#include "utils/common_utils/files.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
 #include <climits>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <system_error>
 
@@ -51,14 +52,6 @@ mode_t default_mode() {
     return 0666 & ~mask;
 }
 
-/// A path without links, or an empty one where there is nothing.
-std::string real_path(const std::string& path) {
-    char* const real = realpath(path.empty() ? "." : path.c_str(), nullptr);
-    std::string result = real ? real : "";
-    std::free(real);
-    return result;
-}
-
 } // namespace
 
 int OutputFile::descriptor_of(const std::string& path) {
@@ -85,7 +78,7 @@ std::string OutputFile::target_of(const std::string& path) {
         std::array<char, PATH_MAX> link{};
         const ssize_t length = readlink(target.c_str(), link.data(), link.size());
         if (length <= 0) { // nothing there yet
-            const std::string folder = real_path(target.substr(0, slash));
+            const std::string folder = real_path(slash == 0 ? "." : target.substr(0, slash));
             return folder.empty() ? target : (folder == "/" ? "" : folder) + "/" + target.substr(slash);
         }
         const std::string next(link.data(), static_cast<std::size_t>(length));
