@@ -55,6 +55,33 @@ CrfTokenReader* current_reader = nullptr;
 
 std::string_view as_text(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
 
+/// Gathers, while it lives, the messages of the XML library that belong to no parser, such as of a failed read.
+class MessageCollector {
+public:
+    MessageCollector() { xmlSetGenericErrorFunc(this, &append); }
+    ~MessageCollector() { xmlSetGenericErrorFunc(nullptr, nullptr); }
+    MessageCollector(const MessageCollector&) = delete;
+    MessageCollector& operator=(const MessageCollector&) = delete;
+
+    std::string text() const { return std::string(trimmed(m_text)); }
+
+private:
+    static constexpr std::size_t MAX_BYTES = 1000;
+
+    static void append(void* collector, const char* format, ...)
+        __attribute__((format(printf, 2, 3))) { // piece by piece
+        std::array<char, MAX_BYTES> piece{};
+        va_list arguments;
+        va_start(arguments, format);
+        std::vsnprintf(piece.data(), piece.size(), format, arguments);
+        va_end(arguments);
+        if (std::string& text = static_cast<MessageCollector*>(collector)->m_text; text.size() < MAX_BYTES)
+            text += piece.data();
+    }
+
+    std::string m_text;
+};
+
 } // namespace
 
 /// What the XML library calls. No exception may leave these; the first one ends the document instead.
@@ -84,16 +111,6 @@ struct CrfTokenReader::Callbacks {
         CrfTokenReader& reader = *current_reader;
         if (reader.m_is_word_node && reader.m_chars.size() <= MAX_TOKEN_TEXT)
             reader.m_chars.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
-    }
-
-    /// Messages of the XML library that belong to no parser, such as of a failed read; they come in pieces.
-    static void message(void* text, const char* format, ...) __attribute__((format(printf, 2, 3))) {
-        std::array<char, 1000> piece{};
-        va_list arguments;
-        va_start(arguments, format);
-        std::vsnprintf(piece.data(), piece.size(), format, arguments);
-        va_end(arguments);
-        static_cast<std::string*>(text)->append(piece.data());
     }
 };
 
@@ -128,9 +145,8 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
     current_reader = this;
     m_path = path;
     m_errors = 0;
-    std::string messages;
     if (fault.empty()) {
-        xmlSetGenericErrorFunc(&messages, &Callbacks::message);
+        const MessageCollector messages;
         try {
             run();
         } catch (const xmlpp::parse_error&) { // reported already, or but a warning
@@ -139,10 +155,9 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
         } catch (const Glib::Exception& error) {
             fault = error.what().raw();
         }
-        xmlSetGenericErrorFunc(nullptr, nullptr);
+        if (const std::string text = messages.text(); !text.empty())
+            fault = text;
     }
-    if (!messages.empty())
-        fault = trimmed(messages);
     if (!fault.empty())
         this->fault(0, fault);
     ++m_report[m_errors == 0 && !m_thrown ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];

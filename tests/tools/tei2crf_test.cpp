@@ -207,6 +207,7 @@ TEST_F(Tei2crf, CommandLine) {
         {"ln -s old link; $T -o link a.xml && readlink link", "old\n", 0},
         {"umask 027; $T -o mode a.xml; chmod 604 old; $T -o old a.xml; stat -c %a mode old", "640\n604\n", 0},
         {"$T -o old missing 2>&1 | tail -1; wc -l <old", "tei2crf: stopped: nothing could be read\n3\n", 0},
+        {"$T - </ 2>&1 | grep -c '^tei2crf: standard input: Is a directory'", "1\n", 0},
         {"$T -o /dev/stdout a.xml | cat", lines, 0},
         {"{ echo head; $T -o /dev/fd/1 a.xml; } >group; cat group", "head\n" + lines, 0},
         {"ln -s new dangling; $T -o dangling a.xml; readlink dangling; wc -l <new; rm new", "new\n3\n", 0},
