@@ -94,7 +94,8 @@ void check_strings(const std::string& s, const std::string& t) {
     std::map<std::string, std::string> arguments;
     parse_arguments(s, arguments);
     require(arguments.size() <= split_tokens(s, "&").size(), "an argument a part", s);
-    require(!is_latin_number(s) || s.find_first_not_of("IVXLCDMivxlcdm") == std::string::npos, "a numeral", s);
+    require(!is_latin_number(s) || convert_uppercase(s).find_first_not_of("IVXLCDM") == std::string::npos, "a numeral",
+            s);
     require(!contains_latin_characters(s) || contains_alpha(s), "letters are letters", s);
 }
 

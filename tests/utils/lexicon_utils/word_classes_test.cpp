@@ -17,7 +17,7 @@ TEST(WordClasses, TagsAndModalsMatchAsAWhole) {
 TEST(WordClasses, NumbersAndLetters) {
     const std::pair<std::string, std::vector<std::string>> rows[] = {
         {"rcl", {"XIII", "MCMXC", "ix", "MMMMMDCCCLXXXVIII"}},
-        {"rc", {""}},
+        {"rc", {"", "ı"}}, // whose capital is I
         {"ol", {"XII.", "xiii."}},
         {"o", {"."}},
         {"oc", {"3.", "3..", "-2."}},
