@@ -39,10 +39,7 @@ lint: setup
 
 bench: build
 	@scripts/setup.sh packages-bench.txt
-	@bench/converter.sh
-	@bench/library.sh
-	@bench/tei2crf.sh
-	@bench/growth.sh
+	@bench/run.sh
 
 fuzz: setup
 	@scripts/setup.sh packages-fuzz.txt

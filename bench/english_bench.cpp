@@ -1,3 +1,4 @@
+#include "bench/timing.h"
 #include "utils/LexicalEntry.h"
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/text.h"
@@ -5,7 +6,6 @@
 #include "utils/lexicon_utils/rules.h"
 #include "utils/lexicon_utils/wordnet.h"
 
-#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -20,9 +20,7 @@ constexpr int NUM_RULES = 10'000, NUM_ENTRIES = 200'000;
 
 template<typename Work>
 double milliseconds(Work work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+    return processor_seconds(work) * 1e3;
 }
 
 long peak_kilobytes() {
@@ -55,6 +53,7 @@ void measure_wordnet() {
     const double time = milliseconds([&] { zelvor::parse_wordnet_file(WORDNET_NOUNS, words, &instances); });
     std::printf("data.noun: %.0f ms for %zu words, %zu instances; reading and splitting alone %.0f ms (%zu fields)\n",
                 time, words.size(), instances.size(), split, fields);
+    verdict("data.noun / reading and splitting its lines", time / split, Bound::AT_MOST, 2);
 }
 
 void measure_lexicon(const std::string& filename) {

@@ -2,12 +2,12 @@
 // (one flush a line), reading back. Each step is timed at 200,000 and at 400,000 entries; with one paradigm for both
 // sizes the larger one folds the same analyses in again, with a growing one every entry is a new analysis.
 // Prints medians in nanoseconds for one entry; fails when a lexicon comes out with other entries than expected.
+#include "bench/timing.h"
 #include "utils/LexicalEntry.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -43,13 +43,10 @@ std::vector<DeclensionEntry> make_rows(std::size_t count) {
 
 std::string lemma_of(std::size_t number) { return "lemma" + std::to_string(number * 7919 % LEMMAS); }
 
-/// Appends the nanoseconds of one of `count` operations, in processor time: other work on the machine counts less.
+/// Appends the nanoseconds of one of `count` operations.
 template<typename Work>
 void measure(std::vector<double>& times, std::size_t count, Work work) {
-    const std::clock_t start = std::clock();
-    work();
-    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-    times.push_back(seconds * 1e9 / static_cast<double>(count));
+    times.push_back(processor_seconds(work) * 1e9 / static_cast<double>(count));
 }
 
 using Times = std::array<std::vector<double>, STEPS>;

@@ -8,7 +8,7 @@ import os
 import subprocess
 import sys
 
-from compare import run
+from programs import run, verdict
 
 ROUNDS = 5
 COLORS = ["#1b6ca8", "#d1495b", "#2e8b57", "#edae49", "#6a4c93", "#8d6e63", "#00838f", "#c2185b", "#558b2f", "#5d4037", "#455a64"]
@@ -25,7 +25,7 @@ def conversions(folder):
             corpus = os.path.join(folder, size)
             tokens = int(open(corpus + ".tokens", encoding="utf-8").read())
             runs = [run([*command, corpus], folder + "/output") for _ in range(ROUNDS)]
-            yield name, "token", tokens, min(user + system for _, user, system, _ in runs) * 1e9 / tokens, runs[0][3]
+            yield name, "token", tokens, min(processor for _, processor, _, _ in runs) * 1e9 / tokens, runs[0][3]
 
 
 def operations(folder):
@@ -71,6 +71,9 @@ def main():
             points.append((units, cost))
             peak = f"{memory / 1e6:8.1f}" if memory else ""
             print(f"{name:<26} {unit:<20} {units:>9} {cost:>10.1f} {cost / points[0][1]:>6.2f} {peak}", flush=True)
+    print()
+    for name, points in results.items():
+        verdict(f"{name}: a unit at 4 n / at n", points[-1][1] / points[0][1], 2)
     if len(sys.argv) > 2:
         with open(sys.argv[2], "w", encoding="utf-8") as file:
             file.write(picture(results))

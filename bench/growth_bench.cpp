@@ -1,5 +1,6 @@
 // Measures how the cost of one unit grows with the amount: every operation runs at n, 2 n and 4 n units. Prints one
 // line a size, "OPERATION <tab> UNIT <tab> UNITS <tab> NANOSECONDS", the least of several rounds of processor time.
+#include "bench/timing.h"
 #include "utils/ArpaLM.h"
 #include "utils/LetterTrieNode.h"
 #include "utils/LexicalEntry.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <fstream>
 #include <functional>
 #include <memory>
@@ -23,15 +23,8 @@ using zelvor::LexicalEntry;
 
 constexpr int ROUNDS = 5;
 
-/// Runs one round with so many units and returns the processor time of the part that counts.
-using Round = std::function<std::clock_t(std::size_t units)>;
-
-template<typename Work>
-std::clock_t time_of(Work work) {
-    const std::clock_t start = std::clock();
-    work();
-    return std::clock() - start;
-}
+/// Runs one round with so many units and returns the seconds of the part that counts.
+using Round = std::function<double(std::size_t units)>;
 
 struct Operation {
     const char* name;
@@ -54,57 +47,57 @@ std::vector<std::string> make_words(std::size_t count) {
 
 enum class TrieUse { STORE, LOOK_UP, FUZZY };
 
-std::clock_t use_trie(std::size_t units, TrieUse use) {
+double use_trie(std::size_t units, TrieUse use) {
     LetterTrieNode root;
     std::vector<Glib::ustring> words;
     for (std::string& word : make_words(units))
         words.emplace_back(std::move(word));
-    std::clock_t time = time_of([&] {
+    double time = processor_seconds([&] {
         for (const Glib::ustring& word : words)
             root.store_string(word, 0);
     });
     std::shuffle(words.begin(), words.end(), std::mt19937(2));
     if (use == TrieUse::LOOK_UP) {
-        time = time_of([&] {
+        time = processor_seconds([&] {
             for (const Glib::ustring& word : words)
                 root.lookup_string(word, 0);
         });
     } else if (use == TrieUse::FUZZY) {
         constexpr std::size_t queries = 500;
-        time = time_of([&] {
+        time = processor_seconds([&] {
             for (std::size_t i = 0; i < queries; ++i) {
                 LetterTrieNode::FuzzyMatches matches;
                 root.lookup_string_fuzzy(words[i], 0, 1.0, matches, 0, 1.0);
                 LetterTrieNode::delete_mem(&matches);
             }
         });
-        time = time * static_cast<std::clock_t>(units) / static_cast<std::clock_t>(queries); // a query is the unit
+        time *= static_cast<double>(units) / queries; // a query is the unit
     }
     root.delete_tree(&root);
     return time;
 }
 
-std::clock_t segment(std::size_t units) {
+double segment(std::size_t units) {
     LetterTrieNode root;
     root.store_string("aaa", 0);
     root.store_string("aaaa", 0);
     const Glib::ustring hopeless = std::string(units, 'a') + "b";
-    const std::clock_t time = time_of([&] { root.delete_segment_result(root.segment(hopeless, 0, &root, 0)); });
+    const double time = processor_seconds([&] { root.delete_segment_result(root.segment(hopeless, 0, &root, 0)); });
     root.delete_tree(&root);
     return time;
 }
 
 /// A unit is a pair of characters.
-std::clock_t compare(std::size_t units) {
+double compare(std::size_t units) {
     std::size_t length = 1;
     while (length * length < units)
         ++length;
     const Glib::ustring a = std::string(length, 'a'), b = std::string(length, 'b');
-    return time_of([&] { zelvor::levenshtein_distance(a, b, true); });
+    return processor_seconds([&] { zelvor::levenshtein_distance(a, b, true); });
 }
 
 /// 20 analyses of each lemma, half of them from a second source.
-std::clock_t merge(std::size_t units) {
+double merge(std::size_t units) {
     std::vector<std::unique_ptr<LexicalEntry>> entries;
     for (std::size_t i = 0; i < units; ++i) {
         const std::string lemma = "lemma" + std::to_string(i % (units / 20) * 7919 % (units / 20));
@@ -112,24 +105,24 @@ std::clock_t merge(std::size_t units) {
     }
     std::vector<zelvor::BaseLexicalEntry*> merged;
     std::multimap<std::string, zelvor::BaseLexicalEntry*> by_lemma;
-    return time_of([&] {
+    return processor_seconds([&] {
         for (const auto& entry : entries)
             entry->merge(merged, by_lemma, true);
     });
 }
 
-std::clock_t apply_rules(std::size_t units) {
+double apply_rules(std::size_t units) {
     std::vector<zelvor::Rule*> rules;
     for (std::size_t i = 0; i < units; ++i) // every rule applies, and none covers another
         rules.push_back(new zelvor::Rule("x" + std::to_string(100'000 + i), "", nullptr));
     std::vector<std::string> forms;
-    const std::clock_t time = time_of([&] { zelvor::apply_rules("lemma", rules, forms, nullptr); });
+    const double time = processor_seconds([&] { zelvor::apply_rules("lemma", rules, forms, nullptr); });
     zelvor::delete_rules(rules);
     return time;
 }
 
 /// A model of which a fifth of the n-grams are 1-grams and the others 2-grams.
-std::clock_t load_model(std::size_t units, const std::string& filename) {
+double load_model(std::size_t units, const std::string& filename) {
     std::ofstream file(filename);
     const std::size_t words = units / 5;
     file << "\\data\\\nngram 1=" << words << "\nngram 2=" << units - words << "\n\n\\1-grams:\n";
@@ -143,7 +136,7 @@ std::clock_t load_model(std::size_t units, const std::string& filename) {
     zelvor::ArpaVocab vocab;
     zelvor::ArpaLM model(vocab);
     bool loaded = false;
-    const std::clock_t time = time_of([&] { loaded = model.load(filename); });
+    const double time = processor_seconds([&] { loaded = model.load(filename); });
     if (!loaded || model.get_num_ngrams() < units)
         std::fprintf(stderr, "the model was not read whole\n");
     return time;
@@ -166,11 +159,11 @@ int main(int argc, char** argv) {
     };
     for (const Operation& operation : operations) {
         for (const std::size_t units : {operation.units, 2 * operation.units, 4 * operation.units}) {
-            std::clock_t least = operation.round(units);
+            double least = operation.round(units);
             for (int i = 1; i < ROUNDS; ++i)
                 least = std::min(least, operation.round(units));
             std::printf("%s\t%s\t%zu\t%.3f\n", operation.name, operation.unit, units,
-                        static_cast<double>(least) / CLOCKS_PER_SEC * 1e9 / static_cast<double>(units));
+                        least * 1e9 / static_cast<double>(units));
             std::fflush(stdout);
         }
     }

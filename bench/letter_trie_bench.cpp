@@ -2,11 +2,11 @@
 // run the trie written down literally, a hash set, and a comparison with every word. Prints the time of one operation,
 // the rival's, and how many times as long the rival takes; fails when a result differs from the literal one.
 #include "bench/literal_trie.h"
+#include "bench/timing.h"
 #include "utils/LetterTrieNode.h"
 #include "utils/common_utils/utf8.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -52,9 +52,7 @@ Words read_lines(const char* filename) {
 /// Seconds for one of `count` operations.
 template<typename Work>
 double seconds_each(std::size_t count, Work work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() / static_cast<double>(count);
+    return processor_seconds(work) / static_cast<double>(count);
 }
 
 void report(const char* what, double ours, const char* rival, double theirs) {
@@ -113,6 +111,7 @@ struct Bench {
                 literal.store(word, 0);
         });
         report("store", ours, "literal", theirs);
+        verdict("trie: literal / store", theirs / ours, Bound::AT_LEAST, 2.5);
         std::printf("%zu words, %.0f bytes a word\n", words.size(),
                     static_cast<double>(bytes) / static_cast<double>(words.size()));
     }
@@ -149,6 +148,7 @@ struct Bench {
         differences += found != queries.size();
         report(what, ours, "literal", theirs);
         report("", ours, "unordered_set", hashed);
+        verdict((std::string("trie: ") + what + " / unordered_set").c_str(), ours / hashed, Bound::AT_MOST, 3);
     }
 
     void look_up_fuzzily(double tolerance, const Words& queries, double weight_end, bool segmenting, const char* what) {
@@ -174,8 +174,15 @@ struct Bench {
         char label[80];
         std::snprintf(label, sizeof label, "%s, tolerance %g", what, tolerance);
         report(label, ours, "literal", theirs);
-        if (!segmenting && weight_end == 1.0 && !LetterTrieNode::has_weights() && tolerance < 3)
-            report("", ours, "every word", compare_with_every_word(queries));
+        if (segmenting || LetterTrieNode::has_weights())
+            return;
+        verdict((std::string("trie: literal / ") + label).c_str(), theirs / ours, Bound::AT_LEAST, 4);
+        if (tolerance == 3)
+            return;
+        const double scan = compare_with_every_word(queries);
+        report("", ours, "every word", scan);
+        verdict((std::string("trie: every word / ") + label).c_str(), scan / ours, Bound::AT_LEAST,
+                tolerance == 1 ? 200 : 20);
     }
 
     static std::set<std::pair<double, std::string>> contents(const LetterTrieNode::FuzzyMatches& matches) {
@@ -214,6 +221,8 @@ struct Bench {
         char label[80];
         std::snprintf(label, sizeof label, "segment a^%zu b over aaa, aaaa", length);
         report(label, ours, "literal", theirs);
+        if (length == 200)
+            verdict("trie: segment a^200 b, in milliseconds", ours * 1e3, Bound::AT_MOST, 1);
         trie.delete_tree(&trie);
     }
 };
