@@ -22,4 +22,4 @@ for size in 1 2 4; do
     done
     cat "$folder/$size"/*.xml | grep -Eo '</[wc]>' | wc -l >"$folder/$size.tokens"
 done
-python3 bench/growth.py "$folder" "$@"
+python3 -B bench/growth.py "$folder" "$@"
