@@ -32,7 +32,8 @@ void check_stored_form(const std::string& lemma, const std::string& word_form) {
 }
 
 void check_base_line(const std::string& line) {
-    BaseLexicalEntry entry;
+    BaseLexicalEntry entry("old", "older", "OLD");
+    entry.set_lemma_pos("OLD");
     entry.parse(line);
     const std::vector<std::string> fields = literal_fields(line, "\t#");
     const bool is_read = fields.size() > 1;

@@ -258,8 +258,8 @@ def begin_output(*arguments):
 
 @row("main")
 def tei2crf_signals():
-    """tei2crf: SIGHUP, SIGINT, SIGQUIT or SIGTERM"""
-    for number in SIGNALS:
+    """tei2crf: SIGHUP, SIGINT, SIGQUIT, SIGTERM or SIGXCPU"""
+    for number in SIGNALS + (signal.SIGXCPU,):
         child = begin_output()
         child.send_signal(number)
         keeps_old(child, -number, "", "")

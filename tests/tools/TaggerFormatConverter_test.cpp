@@ -15,7 +15,6 @@
 #include <tuple>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace zelvor {
 namespace {
@@ -67,7 +66,7 @@ TEST_F(Converter, WalksTreesAndTellsWhatItPassesOver) {
 
 TEST_F(Converter, FilesThatCannotBeParsedYieldNothingAndTheRestIsConverted) {
     const std::string good = directory.write("good.xml", "<s><c>.</c></s>");
-    directory.write("d/inside.txt", "");
+    std::filesystem::create_directory(directory.path("d"));
     std::filesystem::create_directory_symlink(directory.path("d"), directory.path("dir-link.xml"));
     std::filesystem::create_symlink(directory.path("nowhere"), directory.path("dangling.xml"));
     std::filesystem::create_symlink(good, directory.path("good-link.xml"));
@@ -90,11 +89,6 @@ TEST_F(Converter, FilesThatCannotBeParsedYieldNothingAndTheRestIsConverted) {
     std::filesystem::remove(directory.path("out"));
     const std::string all = convert(directory.path());
     EXPECT_EQ(directory.read("out"), "\n\n\n\n\n") << all;
-    if (geteuid() != 0) {
-        std::filesystem::permissions(directory.path("d"), std::filesystem::perms::none);
-        EXPECT_EQ(convert(directory.path("d")), "Error(13) opening " + directory.path("d") + "\n");
-        std::filesystem::permissions(directory.path("d"), std::filesystem::perms::owner_all);
-    }
 }
 
 TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
@@ -160,7 +154,6 @@ TEST_F(Converter, CommandLine) {
     // Both streams meet in order in a pipe.
     const std::string tei = directory.write("a.xml", "<t><s><c>,</c></s><s><c>.</c></s></t>");
     EXPECT_EQ(run_tool("-i " + tei + " -o /dev/stdout | cat"), log + report("a.xml", ", $,\n\n. $.\n\n0\n"));
-    EXPECT_TRUE(run_tool("-i " + tei + " -o /dev/full").ends_with("\n0\n"));
 }
 
 } // namespace

@@ -1,18 +1,10 @@
 #include "tests/temporary_directory.h"
-#include "tools/TaggerFormatConverter.h"
-#include "training/CrfTrainingTeiSaxParser.h"
 
 #include <gtest/gtest.h>
-#include <json/json.h>
 
-#include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <iostream>
-#include <random>
-#include <sstream>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -46,75 +38,8 @@ protected:
         return {output, WEXITSTATUS(pclose(pipe))};
     }
 
-    /// The lines that the converter writes for files in this order, both of its streams in one.
-    std::string converted(const std::vector<std::string>& paths) const {
-        LexicalEntry verb, noun;
-        verb.set_pos("Verb");
-        noun.set_pos("Noun");
-        noun.set_lemma_pos("NN");
-        const std::map<int, LexicalEntry*> entries{{17, &verb}, {18, &noun}};
-        CrfTrainingTeiSaxParser parser(nullptr, &entries);
-        parser.set_substitute_entities(true);
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        for (const std::string& path : paths)
-            TaggerFormatConverter().create_model_data_file(path, std::cout, parser);
-        testing::internal::GetCapturedStderr();
-        std::istringstream all(testing::internal::GetCapturedStdout());
-        std::string lines;
-        for (std::string line; std::getline(all, line);)
-            if (!line.starts_with("input filename"))
-                lines += line + "\n";
-        return lines;
-    }
-
     TemporaryDirectory m_directory;
 };
-
-/// Random documents: sentences inside and outside each other, tokens of all kinds anywhere, some cut off.
-class Generator {
-public:
-    std::string document() {
-        const std::string text = "<t>" + content(0) + "</t>";
-        return number(3) == 0 ? text.substr(0, number(text.size())) : text;
-    }
-
-private:
-    std::size_t number(std::size_t bound) { return m_random() % bound; }
-
-    std::string content(int depth) {
-        std::string text;
-        for (std::size_t i = number(6); i > 0; --i)
-            text += number(3) == 0 && depth < 4 ? "<s>" + content(depth + 1) + "</s>" : token(depth);
-        return text;
-    }
-
-    std::string token(int depth) {
-        const std::string form = std::array{"amat", "-que", "a&amp;b", "\u00e9", "l", "-"}[number(6)];
-        switch (number(7)) {
-        case 0:
-            return "<w lemma='xamox'>" + form + "</w>between";
-        case 1:
-            return depth < 4 ? "<w lemma='x{}x'>" + form + content(depth + 1) + "</w>" : "";
-        case 2:
-            return "<c>" + std::string(std::array{",", ".", ";", "'", "]"}[number(5)]) + "</c>";
-        default:
-            return word(form, std::array{"17", "18", "99", "null"}[number(4)], number(2) == 0 ? "l" : "que");
-        }
-    }
-
-    std::mt19937 m_random{4711};
-};
-
-TEST_F(Tei2crf, WritesTheConvertersLinesForGeneratedCorpora) {
-    Generator generator;
-    std::vector<std::string> paths;
-    for (int i = 100; i < 400; ++i)
-        paths.push_back(m_directory.write("corpus/" + std::to_string(i) + ".xml", generator.document()));
-    const std::string expected = converted(paths);
-    EXPECT_GT(std::ranges::count(expected, '\n'), 300);
-    EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
-}
 
 TEST_F(Tei2crf, SentencesThatAreNestedCutOffOrFollowedByTokens) {
     m_directory.write("corpus/1.xml", "<t><c>[</c><s>" + word("a") + "<s>" + word("b") + "</s>" + word("c") + "</s>" +
@@ -125,9 +50,6 @@ TEST_F(Tei2crf, SentencesThatAreNestedCutOffOrFollowedByTokens) {
     const std::string expected =
         "b Verb\nc Verb\nd Verb\n\nb Verb\nc Verb\nd Verb\n\n\ne Verb\nf Verb\n\nrosae NN\nqueque Verb\n\n";
     EXPECT_EQ(shell("$T corpus 2>/dev/null"), std::pair(expected, 1));
-    EXPECT_EQ(converted({m_directory.path("corpus/1.xml"), m_directory.path("corpus/2.xml"),
-                         m_directory.path("corpus/3.xml")}),
-              expected);
     // A sentence with more tokens behind it than are kept.
     std::string many = "<t><s/>", lines;
     for (int i = 0; i < 20000; ++i) {
@@ -151,31 +73,12 @@ TEST_F(Tei2crf, ReportCountsEveryToken) {
         shell("$P -l lexicon -v --on-bad-token=replace --report r.json a.xml b.xml c.xml 2>err");
     EXPECT_EQ(output, "a Verb\nb_c Verb\n\ng Verb\n\ng Verb\n\nh Verb\n\n");
     EXPECT_EQ(status, 1);
-    Json::Value report;
-    std::istringstream(m_directory.read("r.json")) >> report;
-    const struct {
-        const char *section, *key;
-        unsigned int count;
-    } rows[] = {{"files", "read", 1},
-                {"files", "failed", 2},
-                {"files", "entities_refused", 1},
-                {"sentences", "written", 4},
-                {"tokens", "written", 5},
-                {"tokens", "replaced", 1},
-                {"left_out", "no_analysis", 1},
-                {"left_out", "not_json", 1},
-                {"left_out", "other_json", 1},
-                {"left_out", "unknown_id", 1},
-                {"left_out", "no_tag", 1},
-                {"left_out", "breaks_line", 0},
-                {"lexicon", "lines", 4},
-                {"lexicon", "comments", 1},
-                {"lexicon", "short", 1},
-                {"lexicon", "duplicates", 1},
-                {"left_out", "outside_sentence", 1}};
-    for (const auto& row : rows)
-        EXPECT_EQ(report[row.section][row.key].asUInt(), row.count) << row.section << " " << row.key;
-    EXPECT_EQ(report["status"].asInt(), 1);
+    EXPECT_EQ(
+        shell("tr -d ' \\n' <r.json").first, // every count
+        R"({"files":{"entities_refused":1,"failed":2,"read":1},)"
+        R"("left_out":{"breaks_line":0,"no_analysis":1,"no_tag":1,"not_json":1,"other_json":1,"outside_sentence":1,)"
+        R"("unknown_id":1},"lexicon":{"comments":1,"duplicates":1,"lines":4,"short":1},)"
+        R"("sentences":{"written":4},"status":1,"tokens":{"replaced":1,"written":5}})");
     const std::string messages = m_directory.read("err");
     for (const char* const message :
          {"lexicon:2: 1 fields", "a.xml:2: in no finished sentence: ,\n", "a.xml:3: no analysis: no\n",
@@ -211,10 +114,8 @@ TEST_F(Tei2crf, CommandLine) {
         {"$T -o /dev/stdout a.xml | cat", lines, 0},
         {"{ echo head; $T -o /dev/fd/1 a.xml; } >group; cat group", "head\n" + lines, 0},
         {"ln -s new dangling; $T -o dangling a.xml; readlink dangling; wc -l <new; rm new", "new\n3\n", 0},
-        {"n=$(printf 'n%.0s' $(seq 250)); $T -o $n a.xml && wc -l <$n", "3\n", 0},
         {"$T -o same --report ./same a.xml 2>&1", "tei2crf: one file for output and report: ./same\n", 2},
         {"$T a.xml >>a.xml 2>/dev/null; echo $?", "2\n", 0},
-        {"$T -o \"$(printf 'a\\033/b')\" a.xml 2>&1", "tei2crf: a?/b: No such file or directory\n", 1},
         {"$T entity.xml", ". $.\n, $,\n\n", 0},
         {"mkdir 's p#'; cp entity.* 's p#'; cd 's p#'; mkdir d; cd d; echo '<c>;</c>' >entity.ent; $T -l ../../lexicon "
          "../entity.xml",
@@ -224,11 +125,9 @@ TEST_F(Tei2crf, CommandLine) {
         {"$T - <entity.xml 2>/dev/null", ", $,\n\n", 1},
         {"$T bad.xml a.xml", lines + "\n", 1},
         {"$T --strict bad.xml a.xml 2>/dev/null", lines, 1}, // what came before the fault
-        {"$T --strict missing a.xml 2>/dev/null", lines, 1},
         {"$T --strict -o new bad.xml a.xml 2>&1; ls | grep new",
          "tei2crf: stopped: bad.xml:1: analysis is no JSON: e\n", 1},
         {"$T --strict - <entity.xml 2>&1 | tail -1", "tei2crf: stopped: at the fault of standard input\n", 0},
-        {"echo '<s><w lemma=\"x[]x\">e</w></s>' | $T -", "\n", 1},
         {"echo short >short; $P -qq -l short a.xml 2>&1",
          "tei2crf: short:1: 1 fields, at least 22 are needed\n, $,\n\n", 1},
         {"$P -qq --strict -l short a.xml 2>/dev/null", "", 1},
@@ -239,23 +138,13 @@ TEST_F(Tei2crf, CommandLine) {
          "tei2crf: stopped: no file whose name ends in .tei or .xml\n", 0},
         {"echo '<t/>' | $P -q -l lexicon - 2>&1 | head -1 | cut -c 1-33", "tei2crf: no sentence in any file;\n", 0},
         {"echo '<s/>' | $P -q -l lexicon - 2>&1 | grep -c 'no sentence'; echo '<t/>' | $T - 2>&1", "0\n", 0},
-        {"$T a.xml >/dev/full 2>err; echo $?; cat err", "1\ntei2crf: standard output: No space left on device\n", 0},
-        {"$T a.xml -o /dev/full 2>&1", "tei2crf: /dev/full: No space left on device\n", 1},
         {"$T a.xml -o no/such 2>&1", "tei2crf: no/such: No such file or directory\n", 1},
-        {"$T a.xml --report no/such 2>&1", "tei2crf: no/such: No such file or directory\n", 1},
-        {"$T a.xml --report /dev/full 2>&1", lines + "tei2crf: /dev/full: No space left on device\n", 1},
-        {"$T a.xml >&- 2>/dev/null; echo $?", "1\n", 0},
-        {"(ulimit -f 0; $T a.xml -o new 2>/dev/null; echo $?); ls -A | grep new", "1\n", 1}, // as on a full disk
-        {"{ sleep 0.2; $T a.xml 2>err; echo $? >>err; } | true; cat err", "tei2crf: standard output: Broken pipe\n1\n",
-         0},
-        {"$T a.xml -o a.xml 2>/dev/null", "", 2},
         {"$T a.xml -o lexicon 2>&1", "tei2crf: the output would replace an input: lexicon\n", 2},
         {"$P a.xml 2>&1 | head -1", "tei2crf: no lexicon: option -l is missing\n", 0},
         {"$P -l lexicon 2>/dev/null", "", 2},
         {"$T --no-such a.xml 2>/dev/null", "", 2},
         {"$T --separator=';' a.xml 2>&1 | grep -c usage", "1\n", 0},
         {"$T --columns form,form a.xml 2>&1 | head -1", "tei2crf: wrong value of --columns: 'form,form'\n", 0},
-        {"$T --columns '' a.xml 2>/dev/null", "", 2},
         {"$P --version", "tei2crf (zelvor) " + version + "\n", 0},
         {"$P --help | head -1", "usage: tei2crf -l LEXICON [-o OUT] [OPTION]... INPUT...\n", 0},
         {"$P --help >/dev/full 2>/dev/null", "", 1},
@@ -281,16 +170,6 @@ TEST_F(Tei2crf, ReadsFoldersInTheOrderOfPaths) {
               std::pair(std::string("tei2crf: corpus/dangling.xml: No such file or directory\n"), 1));
 }
 
-TEST_F(Tei2crf, AnInterruptedRunLeavesNothing) {
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGXCPU}) {
-        const auto [output, status] =
-            shell("exec 2>/dev/null; ulimit -c 0; mkfifo p; env --default-signal $T -o out - <p & exec 3>p; "
-                  "until ls -A | grep -q '^.out.'; do sleep 0.01; done; kill -" +
-                  std::to_string(signal) + " $!; wait $!; echo $?; ls -A; rm p");
-        EXPECT_EQ(output, std::to_string(128 + signal) + "\nlexicon\np\n") << signal;
-    }
-}
-
 TEST_F(Tei2crf, ALongRunTellsItsProgressToATerminalOnly) {
     m_directory.write("a.xml", "<s>" + word("amat") + "</s>");
     const std::string run =
@@ -302,15 +181,12 @@ TEST_F(Tei2crf, ALongRunTellsItsProgressToATerminalOnly) {
 }
 
 TEST_F(Tei2crf, AnEndlessTokenTakesNoMemory) {
-    m_directory.write("a.xml", "<!DOCTYPE s [<!ENTITY a '" + std::string(100'000, 'a') + "'>]><s>" + word([] {
-                                   std::string text;
-                                   for (int i = 0; i < 5000; ++i)
-                                       text += "&a;";
-                                   return text;
-                               }()) +
+    std::string form;
+    for (int i = 0; i < 5000; ++i)
+        form += "&e;";
+    m_directory.write("a.xml", "<!DOCTYPE s [<!ENTITY e '" + std::string(100'000, 'a') + "'>]><s>" + word(form) +
                                    word("amat") + "</s>");
-    EXPECT_EQ(shell("$T a.xml"), std::pair(std::string("amat Verb\n\n"), 0));
-    EXPECT_EQ(shell("$P -l lexicon a.xml 2>&1 >/dev/null | grep -c ' 1 breaks its line'").first, "1\n");
+    EXPECT_EQ(shell("$P -l lexicon a.xml 2>err; grep -c ' 1 breaks its line' err").first, "amat Verb\n\n1\n");
 }
 
 } // namespace

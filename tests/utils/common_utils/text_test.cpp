@@ -25,15 +25,6 @@ TEST(Text, SearchNeverTriesTheLastFittingPlace) {
 }
 
 TEST(Text, SplittersThatDifferInEmptyFields) {
-    using Row = std::tuple<const char*, Strings, Strings>;
-    for (const auto& [text, tokens, fields] :
-         {Row("a##b", {"a", "b"}, {"a", "b"}), Row("#a", {"a"}, {"", "a"}), Row("a#", {"a"}, {"a", ""}),
-          Row("##", {}, {"", ""}), Row("", {}, {""})}) {
-        const auto found_tokens = split_tokens(text, "#"), found_fields = split_fields(text, "#");
-        EXPECT_EQ(*tokenize(text, "#"), tokens);
-        EXPECT_EQ(Strings(found_tokens.begin(), found_tokens.end()), tokens);
-        EXPECT_EQ(Strings(found_fields.begin(), found_fields.end()), fields) << text;
-    }
     std::set<std::string> values{"z"};
     tokenize_arg_set(",b,,a, c,", ",", values);
     EXPECT_EQ(values, (std::set<std::string>{" c", "a", "b", "z"}));

@@ -144,9 +144,8 @@ TEST_F(CandidateChoice, WorksWithoutModelAndLogAndKeepsTheOrderOfEquals) {
 TEST(LemmasOfAWordForm, SuffixBehindTheCommonPartAndUniquePartOfSpeech) {
     using Row = std::tuple<const char*, const char*, const char*>;
     for (const auto& [lemma, word_form, expected] :
-         {Row("amo", "amabat", "abat"), Row("am", "amat", "t"), Row("am", "am", ""), Row("am", "ama", ""),
-          Row("amo", "am", ""), Row("amo", "rex", ""), Row("", "abc", "bc"), Row("", "", ""), Row("dēs", "dēt", "t"),
-          Row("dē", "dēūs", "s"), Row("dé", "dē", "ē"), Row("a\xC4", "a\xC4", "")})
+         {Row("amo", "amabat", "abat"), Row("am", "amat", "t"), Row("am", "ama", ""), Row("amo", "rex", ""),
+          Row("", "abc", "bc"), Row("dē", "dēūs", "s"), Row("dé", "dē", "ē"), Row("a\xC4", "a\xC4", "")})
         EXPECT_EQ(get_suffix(lemma, word_form).raw(), expected) << lemma << ' ' << word_form;
     BaseLexicalEntry noun("amor", "amor", "N"), verb("amo", "amor", "V"), again("amo", "amat", "V");
     BaseLexicalEntry other("amor", "amoris", "X");

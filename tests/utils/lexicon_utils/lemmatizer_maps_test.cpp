@@ -45,19 +45,6 @@ TEST(LemmatizerMaps, ExportComesBackUnderOtherKeysAndFromTheWorkingDirectory) {
     EXPECT_TRUE(caches.empty());
 }
 
-TEST(LemmatizerMaps, AttachmentScoresOfFrequentPairs) {
-    const TemporaryDirectory directory;
-    std::map<std::pair<std::string, std::string>, double> scores;
-    parse_attachment_map(directory.write("scores", "ad,urbem:25,0,0,0,0.7\nad,urbem:99,0,0,0,0.1\n"
-                                                   "in,urbe:20,0,0,0,0.7\nin,urbem:20.5,a,b,c,-3,more\n"
-                                                   "a,b:25,0,0,0,nan\nc,d:25,0,0,0,-nan\ne,f:25,0,0,0,inf\n"
-                                                   "g,h:25,0,0,0\ni,j:25,0,,0,0.7\nk l:25,0,0,0,0.7\nm,n 25,0,0,0,1\n"
-                                                   "o,p,q:25,0,0,0,x:y\n,:30,0,0,0,2\n\n"),
-                         scores);
-    EXPECT_EQ(scores,
-              (decltype(scores){{{"ad", "urbem"}, 0.7}, {{"in", "urbem"}, -3}, {{"o", "p,q"}, 0}, {{"", ""}, 2}}));
-}
-
 TEST(LemmatizerMaps, IndexesByTag) {
     BaseLexicalEntry verb("amo", "amat", "V");
     std::vector<BaseLexicalEntry*> entries{&verb, nullptr, &verb};
