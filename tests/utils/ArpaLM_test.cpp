@@ -84,11 +84,9 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
           Row(std::string("\0\xFF\n\0", 4), "line 2: expected \"\\data\\\""),
           Row("\\data\\\nngram 1:2\n", "line 2: expected \"ngram ORDER=COUNT\""),
           Row("\\data\\\n\\end\\\n", "line 2: expected a section"),
-          Row("\\data\\\n\\2-grams:\n", "line 2: expected \"\\1-grams:\""),
           Row(start + "\\3-grams:\n", "line 4: expected \"\\2-grams:\" or \"\\end\\\""),
           Row(start + "-1\n", "line 4: expected a log10 probability, 1 words"),
-          Row(start + "-1 a -0,5\n", "line 4: expected a log10"), Row(start + "0.5 a\n", "line 4: expected a log10"),
-          Row(start + "nan a\n", "line 4: expected a log10"),
+          Row(start + "-1 a -0,5\n", "line 4: expected a log10"), Row(start + "nan a\n", "line 4: expected a log10"),
           Row(start + "-1 " + std::string(10'000'000, 'a') + " b\n", "aaa..."),
           Row(start + "\\2-grams:\n-1 novum b\n", "line 5: expected words of the 1-grams, not b")}) {
         log.records.str("");

