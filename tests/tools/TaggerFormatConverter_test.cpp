@@ -2,7 +2,6 @@
 
 #include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
-#include "utils/common_utils/process.h"
 
 #include <gmock/gmock.h>
 #include <log4cpp/Category.hh>
@@ -125,35 +124,6 @@ TEST_F(Converter, LinesLostInWritingAreLogged) {
                 testing::ContainsRegex(": /dev/full: lines are lost\n.*: standard output: lines are lost\n$"));
     EXPECT_EQ(std::ranges::count(log.str(), '\n'), 2) << log.str();
     EXPECT_EQ(directory.read("out"), "\n");
-}
-
-/// Runs the installed program as a shell would; standard output, then the exit status.
-std::string run_tool(const std::string& arguments) {
-    return exec(std::string("'") + ZELVOR_TOOL + "' " + arguments + "; echo $?");
-}
-
-TEST_F(Converter, CommandLine) {
-    const std::string
-        log = "log path: /var/log/zelvor/logs/tagger_format_converter.log\n",
-        usage =
-            "./TaggerFormatConverter [-v <int>] [-h] -i <string> -o <string>\n-i (--input_filename) input filename\n"
-            "-o (--output_filename) output filename\n-v (--verbose) verbose output\n"
-            "Description: converts the tagger format of the training data\n",
-        no_input = "Option input_filename is missing!\n", no_output = "Option output_filename is missing!\n",
-        file = directory.write("a.txt", ""), out = directory.path("out"), line = "input filename: " + file + "\n";
-    const std::string in = "-i " + file, files = in + " -o " + out;
-    // A complaint of getopt goes to standard error, then the run; an option takes "-i" as its value.
-    using Row = std::pair<std::string, std::string>;
-    for (const auto& [arguments, output] :
-         {Row("-h", usage + "0"), Row("--verbose 3 -i x -o y --help -z", usage + "0"), Row("2>&1", no_input + "10"),
-          Row("-i '' -o x 2>&1", no_input + "10"), Row(in + " 2>&1", no_output + "10"),
-          Row(files + " 2>&1", line + "0"), Row("-v 3 " + files + " 2>/dev/null", line + "0"),
-          Row("--verbose 7 --input_filename=x --input_filename " + file + " --output_filename " + out, line + "0"),
-          Row(in + " -o /no/such/folder/out 2>&1", line + "0"), Row("--verbose " + files + " 2>&1", no_input + "10")})
-        EXPECT_EQ(run_tool(arguments), log + output + "\n") << arguments;
-    // Both streams meet in order in a pipe.
-    const std::string tei = directory.write("a.xml", "<t><s><c>,</c></s><s><c>.</c></s></t>");
-    EXPECT_EQ(run_tool("-i " + tei + " -o /dev/stdout | cat"), log + report("a.xml", ", $,\n\n. $.\n\n0\n"));
 }
 
 } // namespace

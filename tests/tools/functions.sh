@@ -1,0 +1,10 @@
+# What the commands of the transcripts share.
+
+# The program with a lexicon and without a report.
+t() { tei2crf -qq -l lexicon "$@"; }
+
+# lexicon_line ID LEMMA_POS POS
+lexicon_line() { echo "0#s#sp#3#l#src#$2#$1#w#9#10#11#12#13#14#15#16#$3#18#19#20#21"; }
+
+# word TEXT [ID [LEMMA]]
+word() { printf "<w lemma=\"x{'ls':[{'name':'%s','wfs':[{'id':%s}]}]}x\">%s</w>" "${3-l}" "${2-17}" "$1"; }
