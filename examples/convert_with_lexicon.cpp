@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <new>
 
 /// Converts a TEI corpus with a lexicon, which the command-line tool has no option for. The token lines go to standard
 /// output and the sentence separators to OUTPUT; with /dev/stdout as OUTPUT and a pipe behind it, both come in order:
@@ -19,6 +20,11 @@ int main(int argc, char** argv) {
         std::cerr << "cannot read " << params.lexicon_filename << '\n';
         return 1;
     }
-    zelvor::TaggerFormatConverter().convert_format(params);
-    return 0;
+    try {
+        zelvor::TaggerFormatConverter().convert_format(params);
+        return 0;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "out of memory\n";
+        return 1;
+    }
 }

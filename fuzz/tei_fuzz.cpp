@@ -95,7 +95,7 @@ private:
 struct LineReader {
     explicit LineReader(const TagLexicon& tags)
         : reader(tags, FORMAT, report,
-                 {[this](std::string_view text) { lines += text; }, {}, [](long, const auto&) {}}) {}
+                 {[this](std::string_view text) { lines += text; }, {}, [](const auto&, const auto&) {}}) {}
 
     std::string read(const std::string& path) {
         lines.clear();

@@ -56,7 +56,7 @@ LexiconById load_lexicon(const std::string& filename) {
 }
 
 /// Why a path cannot be parsed; empty when it is a regular file, or a link to one.
-std::string fault_of(const std::string& path) {
+std::string why_not_parsed(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0)
         return std::strerror(errno);
@@ -72,6 +72,7 @@ void parse_document(const std::string& path, const std::string& fault, CrfTraini
         try {
             const EntityGuard guard(path, &TaggerFormatConverter::m_main_cat);
             parser.parse_file(path);
+            guard.rethrow();
         } catch (const std::exception& error) {
             message = error.what();
         } catch (const Glib::Exception& error) {
@@ -124,7 +125,7 @@ void TaggerFormatConverter::create_model_data_file(std::string path, std::ostrea
     struct stat status {};
     const bool exists = lstat(path.c_str(), &status) == 0;
     if (!exists || !S_ISDIR(status.st_mode)) {
-        const std::string fault = exists ? fault_of(path) : std::strerror(errno);
+        const std::string fault = exists ? why_not_parsed(path) : std::strerror(errno);
         std::cout << "input filename: " << path << std::endl;
         if (!is_tei_name(path))
             return;

@@ -86,8 +86,9 @@ bool status_of_output(const std::string& path, struct stat& status) {
 bool is_same_file(const std::string& output, const std::string& input) {
     struct stat status1 {
     }, status2{};
-    return status_of_output(output, status1) && input != "-" && stat(input.c_str(), &status2) == 0 &&
-           status1.st_dev == status2.st_dev && status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
+    const bool is_read = (input == "-" ? fstat(STDIN_FILENO, &status2) : stat(input.c_str(), &status2)) == 0;
+    return is_read && status_of_output(output, status1) && status1.st_dev == status2.st_dev &&
+           status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
 }
 
 class Conversion {
@@ -107,7 +108,9 @@ private:
     void note_if_nothing();
     CrfTokenReader::Listener listener();
     void fault(const std::string& where, const std::string& message);
-    std::string place(long line) const;
+    std::string shown_place(const CrfTokenReader::Place& place) const {
+        return shown_path(to_string(place, m_document));
+    }
     void show_progress();
     void give_up();
     int finish(int status);
@@ -178,8 +181,10 @@ void Conversion::check_outputs() const {
     check(m_options.lexicon);
     for (const std::string& document : m_documents)
         check(document);
-    if (!report.empty() && OutputFile::descriptor_of(report) < 0 &&
-        OutputFile::target_of(report) == OutputFile::target_of(output))
+    const int report_descriptor = OutputFile::descriptor_of(report), descriptor = OutputFile::descriptor_of(output);
+    if (!report.empty() &&
+        (report_descriptor >= 0 || descriptor >= 0 ? report_descriptor == descriptor
+                                                   : OutputFile::target_of(report) == OutputFile::target_of(output)))
         throw WrongUsage("one file for output and report: " + report);
 }
 
@@ -230,16 +235,15 @@ CrfTokenReader::Listener Conversion::listener() {
         m_output->write(lines);
         show_progress();
     };
-    listener.fault = [this](long line, const std::string& message) { fault(place(line), message); };
+    listener.fault = [this](const CrfTokenReader::Place& place, const std::string& message) {
+        fault(shown_place(place), message);
+    };
     if (m_options.verbose)
-        listener.left_out = [this](ConversionReport::Count reason, long line, const std::string& text) {
-            m_console.say(place(line) + ": " + label_of(reason) + ": " + shown(text));
+        listener.left_out = [this](ConversionReport::Count reason, const CrfTokenReader::Place& place,
+                                   const std::string& text) {
+            m_console.say(shown_place(place) + ": " + label_of(reason) + ": " + shown(text));
         };
     return listener;
-}
-
-std::string Conversion::place(long line) const {
-    return shown_path(m_document) + (line > 0 ? ":" + std::to_string(line) : "");
 }
 
 void Conversion::fault(const std::string& where, const std::string& message) {

@@ -7,12 +7,14 @@
 #include <glibmm/exception.h>
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
+#include <libxml/uri.h>
 
 #include <array>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 #include <fcntl.h>
@@ -30,7 +32,7 @@ constexpr std::size_t ENOUGH_TO_WRITE = 65536;
 constexpr std::size_t MAX_TOKEN_TEXT = std::size_t{1024} * 1024;
 
 /// Why a path cannot be read; empty for any readable file, a pipe included.
-std::string fault_of(const std::string& path) {
+std::string why_unreadable(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0 || faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
         return std::strerror(errno);
@@ -58,7 +60,10 @@ std::string_view as_text(const xmlChar* text) { return reinterpret_cast<const ch
 /// Gathers, while it lives, the messages of the XML library that belong to no parser, such as of a failed read.
 class MessageCollector {
 public:
-    MessageCollector() { xmlSetGenericErrorFunc(this, &append); }
+    MessageCollector() {
+        m_text.reserve(2 * MAX_BYTES); // append must not throw
+        xmlSetGenericErrorFunc(this, &append);
+    }
     ~MessageCollector() { xmlSetGenericErrorFunc(nullptr, nullptr); }
     MessageCollector(const MessageCollector&) = delete;
     MessageCollector& operator=(const MessageCollector&) = delete;
@@ -87,30 +92,34 @@ private:
 /// What the XML library calls. No exception may leave these; the first one ends the document instead.
 struct CrfTokenReader::Callbacks {
     template<typename Use>
-    static void run(Use use) {
+    static void run(void* context, Use use) {
         CrfTokenReader& reader = *current_reader;
+        reader.m_current = static_cast<xmlParserCtxtPtr>(context);
         try {
             if (!reader.m_thrown)
                 use(reader);
         } catch (...) {
             reader.m_thrown = std::current_exception();
         }
-        if (reader.m_thrown)
-            xmlStopParser(reader.context_);
+        if (!reader.m_thrown)
+            return;
+        xmlStopParser(reader.m_current);
+        xmlStopParser(reader.context_); // the entities between the two end at their next call
     }
 
-    static void start_element(void* /*context*/, const xmlChar* name, const xmlChar** attributes) {
-        run([&](CrfTokenReader& reader) { reader.begin_element(as_text(name), attributes); });
+    static void start_element(void* context, const xmlChar* name, const xmlChar** attributes) {
+        run(context, [&](CrfTokenReader& reader) { reader.begin_element(as_text(name), attributes); });
     }
 
-    static void end_element(void* /*context*/, const xmlChar* name) {
-        run([&](CrfTokenReader& reader) { reader.end_element(as_text(name)); });
+    static void end_element(void* context, const xmlChar* name) {
+        run(context, [&](CrfTokenReader& reader) { reader.end_element(as_text(name)); });
     }
 
-    static void characters(void* /*context*/, const xmlChar* text, int length) {
-        CrfTokenReader& reader = *current_reader;
-        if (reader.m_is_word_node && reader.m_chars.size() <= MAX_TOKEN_TEXT)
-            reader.m_chars.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+    static void characters(void* context, const xmlChar* text, int length) {
+        run(context, [&](CrfTokenReader& reader) {
+            if (reader.m_is_word_node && reader.m_chars.size() <= MAX_TOKEN_TEXT)
+                reader.m_chars.append(reinterpret_cast<const char*>(text), static_cast<std::size_t>(length));
+        });
     }
 };
 
@@ -122,12 +131,13 @@ CrfTokenReader::CrfTokenReader(const TagLexicon& lexicon, const TokenLineFormat&
 }
 
 void CrfTokenReader::read_file(const std::string& path) {
-    parse(path, fault_of(path), [&] {
+    parse(path, why_unreadable(path), [&] {
         const EntityGuard guard(path, [this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
-            this->fault(0, message);
+            this->fault({}, message);
         });
         parse_file(path);
+        guard.rethrow();
     });
 }
 
@@ -135,16 +145,21 @@ void CrfTokenReader::read_standard_input() {
     parse("standard input", "", [&] {
         const EntityGuard guard = EntityGuard::for_standard_input([this](const std::string& message) {
             ++m_report[ConversionReport::ENTITIES_REFUSED];
-            this->fault(0, message);
+            this->fault({}, message);
         });
         parse_file("-");
+        guard.rethrow();
     });
 }
 
 void CrfTokenReader::parse(const std::string& path, std::string fault, const std::function<void()>& run) {
     current_reader = this;
     m_path = path;
-    m_errors = 0;
+    m_faults = 0;
+    m_has_error = m_has_fatal_error = false;
+    m_current = nullptr;
+    m_is_in_text = false;
+    m_depth = 0;
     if (fault.empty()) {
         const MessageCollector messages;
         try {
@@ -159,8 +174,8 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
             fault = text;
     }
     if (!fault.empty())
-        this->fault(0, fault);
-    ++m_report[m_errors == 0 && !m_thrown ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
+        this->fault({}, fault);
+    ++m_report[m_faults == 0 && !m_thrown ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
     const std::exception_ptr thrown = std::exchange(m_thrown, nullptr);
     try {
         if (thrown)
@@ -170,8 +185,6 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
         throw;
     }
     finish_sentence();
-    m_is_in_text = false;
-    m_depth = 0;
 }
 
 void CrfTokenReader::on_start_document() {
@@ -203,15 +216,19 @@ void CrfTokenReader::end_element(std::string_view name) {
 }
 
 void CrfTokenReader::on_error(const Glib::ustring& text) {
-    if (!m_thrown && m_errors == 0) // later ones mostly follow from the first
-        fault(line(), std::string(trimmed(text.raw())));
-    else if (context_ && context_->disableSAX) // nothing is handed over any more, and each further error can cost
-        xmlStopParser(context_);               // the library as much time as the text before it
+    m_current = faulty_context();
+    const xmlError* const error = xmlGetLastError();
+    const bool is_fatal = error && error->level == XML_ERR_FATAL;
+    if (m_thrown || (m_has_error && (m_has_fatal_error || !is_fatal)))
+        return stop_after_fatal_error();
+    m_has_error = true;
+    m_has_fatal_error = is_fatal;
+    fault(place(), std::string(trimmed(text.raw())));
 }
 
-void CrfTokenReader::fault(long line, const std::string& message) {
-    ++m_errors;
-    m_listener.fault(line, message);
+void CrfTokenReader::fault(const Place& place, const std::string& message) {
+    ++m_faults;
+    m_listener.fault(place, message);
     if (m_strict && !m_thrown)
         m_thrown = std::make_exception_ptr(ConversionStopped("at the fault of " + m_path));
 }
@@ -232,8 +249,8 @@ void CrfTokenReader::end_sentence() {
 void CrfTokenReader::finish_sentence() {
     if (m_sentence.ends == 0 && m_sentence.tokens > 0) {
         m_report[ConversionReport::OUTSIDE_SENTENCE] += m_sentence.tokens;
-        for (const auto& [line, text] : m_sentence.told)
-            m_listener.left_out(ConversionReport::OUTSIDE_SENTENCE, line, text);
+        for (const auto& [place, text] : m_sentence.told)
+            m_listener.left_out(ConversionReport::OUTSIDE_SENTENCE, place, text);
     }
     m_sentence.told.clear();
     m_report[ConversionReport::SENTENCES] += m_sentence.ends;
@@ -286,7 +303,7 @@ void CrfTokenReader::add_token(std::string_view form, std::string_view lemma, st
         return leave_out(ConversionReport::BREAKS_LINE);
     ++m_sentence.tokens;
     if (m_listener.left_out && m_sentence.ends == 0)
-        m_sentence.told.emplace_back(line(), m_chars);
+        m_sentence.told.emplace_back(place(), m_chars);
     m_sentence.replaced += outcome == TokenLineOutcome::REPLACED;
     if (m_sentence.lines.size() > ENOUGH_TO_WRITE && m_sentence.ends == 1 && m_depth == 0) {
         m_listener.write(m_sentence.lines);
@@ -297,14 +314,29 @@ void CrfTokenReader::add_token(std::string_view form, std::string_view lemma, st
 void CrfTokenReader::leave_out(ConversionReport::Count reason, std::string_view detail) {
     ++m_report[reason];
     if (m_listener.left_out)
-        m_listener.left_out(reason, line(), detail.empty() ? m_chars : m_chars + " (" + std::string(detail) + ")");
+        m_listener.left_out(reason, place(), detail.empty() ? m_chars : m_chars + " (" + std::string(detail) + ")");
     const bool is_malformed = reason == ConversionReport::NOT_JSON || reason == ConversionReport::OTHER_JSON;
     const bool is_bad_token =
         reason == ConversionReport::BREAKS_LINE && m_format.on_bad_token == TokenLineFormat::BadToken::FAIL;
     if ((m_strict && is_malformed) || is_bad_token)
-        throw ConversionStopped(m_path + ":" + std::to_string(line()) + ": " + label_of(reason) + ": " + m_chars);
+        throw ConversionStopped(to_string(place(), m_path) + ": " + label_of(reason) + ": " + m_chars);
 }
 
-long CrfTokenReader::line() const { return context_ ? xmlSAX2GetLineNumber(context_) : 0; }
+CrfTokenReader::Place CrfTokenReader::place() const {
+    const bool is_in_entity = m_current != context_ && m_current && m_current->input && m_current->input->filename;
+    const xmlParserCtxtPtr context = is_in_entity ? m_current : context_;
+    Place place;
+    if (is_in_entity) { // by an address; that of the document is escaped, see EntityGuard
+        const std::unique_ptr<char, void (*)(void*)> file(xmlURIUnescapeString(m_current->input->filename, 0, nullptr),
+                                                          xmlFree);
+        place.file = file ? file.get() : m_current->input->filename;
+    }
+    place.line = context ? xmlSAX2GetLineNumber(context) : 0;
+    return place;
+}
+
+std::string to_string(const CrfTokenReader::Place& place, const std::string& document) {
+    return (place.file.empty() ? document : place.file) + (place.line > 0 ? ":" + std::to_string(place.line) : "");
+}
 
 } // namespace zelvor

@@ -28,13 +28,19 @@ struct ConversionStopped : std::runtime_error {
 /// loses its own tokens; those of the inner one stand once for each end.
 class CrfTokenReader : public CrfTrainingTeiSaxParser {
 public:
-    /// What the reader calls. `line` is the line of the document, 0 where there is none.
+    struct Place {
+        std::string file; ///< of an external entity; empty: the document itself
+        long line = 0;    ///< 0: of all of it
+    };
+
+    /// What the reader calls.
     struct Listener {
         std::function<void(std::string_view lines)> write;
         /// A token without a training line; may be empty. Those of a sentence without an end come when that is clear.
-        std::function<void(ConversionReport::Count reason, long line, const std::string& text)> left_out;
-        /// A fault of the document itself, for which it counts as failed; must not throw. Line 0: of all of it.
-        std::function<void(long line, const std::string& message)> fault;
+        std::function<void(ConversionReport::Count reason, const Place& place, const std::string& text)> left_out;
+        /// A fault of the document itself, for which it counts as failed; must not throw. Of the faults of its XML the
+        /// first is told, and the first that ends it; the others mostly follow from these.
+        std::function<void(const Place& place, const std::string& message)> fault;
     };
 
     /// All references must live as long as the reader.
@@ -60,8 +66,8 @@ private:
         std::string lines;
         std::uint64_t tokens = 0;
         std::uint64_t replaced = 0;
-        std::uint64_t ends = 0;                         ///< how often it ended: how often it is written
-        std::vector<std::pair<long, std::string>> told; ///< lines and texts, for a listener, in case it never ends
+        std::uint64_t ends = 0;                          ///< how often it ended: how often it is written
+        std::vector<std::pair<Place, std::string>> told; ///< its tokens, for a listener, in case it never ends
     };
 
     /// Runs the parser, unless there is a fault already, and finishes the document.
@@ -74,9 +80,9 @@ private:
     void end_word();
     void end_punctuation();
     void add_token(std::string_view form, std::string_view lemma, std::string_view pos);
-    void fault(long line, const std::string& message);
+    void fault(const Place& place, const std::string& message);
     void leave_out(ConversionReport::Count reason, std::string_view detail = {});
-    long line() const;
+    Place place() const;
 
     const TagLexicon& m_lexicon;
     const TokenLineFormat& m_format;
@@ -87,8 +93,14 @@ private:
     Sentence m_sentence;
     bool m_is_in_text = false; ///< a sentence of this document has begun
     std::size_t m_depth = 0;   ///< of sentences inside each other
-    std::size_t m_errors = 0;
-    std::exception_ptr m_thrown; ///< by the listener, on its way through the XML library
+    std::size_t m_faults = 0;  ///< of this document
+    bool m_has_error = false;  ///< of its XML, told
+    bool m_has_fatal_error = false;
+    _xmlParserCtxt* m_current = nullptr; ///< the document's or an entity's parser, within what it calls
+    std::exception_ptr m_thrown;         ///< by the listener, on its way through the XML library
 };
+
+/// "FILE:LINE", or what of it there is; `document` where the place names no file.
+std::string to_string(const CrfTokenReader::Place& place, const std::string& document);
 
 } // namespace zelvor

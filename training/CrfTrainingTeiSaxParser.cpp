@@ -2,6 +2,7 @@
 
 #include "training/tags.h"
 
+#include <libxml/parser.h>
 #include <log4cpp/Category.hh>
 
 #include <iostream>
@@ -17,6 +18,7 @@ CrfTrainingTeiSaxParser::~CrfTrainingTeiSaxParser() = default;
 
 void CrfTrainingTeiSaxParser::on_start_document() {
     m_is_word_node = false;
+    m_errors_told = 0;
     m_vec_pvec_lexical_entry_representation.clear();
 }
 
@@ -97,7 +99,20 @@ void CrfTrainingTeiSaxParser::add_entry(const std::string& lemma, const std::str
         m_pvec_plexical_entry_representation->push_back(new LexicalEntry(lemma, m_chars, pos));
 }
 
+_xmlParserCtxt* CrfTrainingTeiSaxParser::faulty_context() const {
+    const xmlError* const error = context_ ? xmlGetLastError() : nullptr;
+    const bool is_known = error && error->domain == XML_FROM_PARSER && error->ctxt;
+    return is_known ? static_cast<xmlParserCtxtPtr>(error->ctxt) : context_;
+}
+
+void CrfTrainingTeiSaxParser::stop_after_fatal_error() const {
+    if (const xmlParserCtxtPtr context = faulty_context(); context && context->disableSAX)
+        xmlStopParser(context);
+}
+
 void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
+    if (++m_errors_told > MAX_ERRORS)
+        stop_after_fatal_error();
     if (!m_pmain_cat)
         return;
     m_pmain_cat->error(std::string("Error occurred during parsing! "));

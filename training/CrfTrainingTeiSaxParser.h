@@ -45,6 +45,12 @@ protected:
     void begin_token(); ///< text is gathered from here
     void reset_token(); ///< and no longer from here
 
+    /// While an error is told: the parser that met it, that of the document or of an entity within it; null otherwise.
+    _xmlParserCtxt* faulty_context() const;
+    /// While an error is told: ends what nothing is handed over of any more, after a fatal error. Each further one can
+    /// cost the XML library as much time as the text before it.
+    void stop_after_fatal_error() const;
+
     bool m_is_word_node = false;
     std::string m_lemma_json;
     std::string m_chars;
@@ -62,10 +68,14 @@ protected:
     AnalysisReader m_analysis_reader;
 
 private:
+    static constexpr std::size_t MAX_ERRORS = 1000; ///< so many are told in any case
+
     void end_word();
     void end_punctuation();
     const LexicalEntry* find_entry(int id) const;
     void add_entry(const std::string& lemma, const std::string& pos);
+
+    std::size_t m_errors_told = 0; ///< of this document
 };
 
 } // namespace zelvor

@@ -230,6 +230,15 @@ def tei2crf_memory():
             same(json.load(report)["tokens"]["written"], 0 if child.returncode else count)
         seen.add(child.returncode)
     same(seen, {0, 1})
+    write("word.xml", f'<s><w lemma="{ANALYSIS}">' + "y" * 11000000 + "</w></s>")
+    for kilobytes in range(0, 16000, 500):
+        write("out", "old")
+        limits = [(resource.RLIMIT_AS, least + kilobytes * 1024)]
+        child = tei2crf("word.xml", "-o", "out", limits=limits)
+        if child.wait(TIMEOUT) == 0:
+            same(read("out"), "\n")
+        else:
+            keeps_old(child, 1, "", "tei2crf: out of memory\n")
 
 
 @row("limits")

@@ -53,7 +53,18 @@ std::string local_path(const char* address) {
 } // namespace
 
 struct EntityGuard::Loader {
+    /// What the XML library calls: no exception may leave it.
     static xmlParserInputPtr load(const char* address, const char* /*public_id*/, xmlParserCtxtPtr context) {
+        try {
+            return load_if_allowed(address, context);
+        } catch (...) {
+            current_guard->m_thrown = std::current_exception();
+            xmlStopParser(context);
+            return nullptr;
+        }
+    }
+
+    static xmlParserInputPtr load_if_allowed(const char* address, xmlParserCtxtPtr context) {
         EntityGuard& guard = *current_guard;
         if (!address)
             return nullptr;
@@ -86,6 +97,11 @@ struct EntityGuard::Loader {
 bool EntityGuard::is_below_document(const std::string& path) const {
     return std::ranges::any_of(m_folders,
                                [&](const std::string& folder) { return !folder.empty() && path.starts_with(folder); });
+}
+
+void EntityGuard::rethrow() const {
+    if (m_thrown)
+        std::rethrow_exception(m_thrown);
 }
 
 EntityGuard::EntityGuard(const std::string& document, log4cpp::Category* pcat)

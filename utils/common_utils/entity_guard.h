@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <set>
 #include <string>
@@ -26,6 +27,9 @@ public:
     /// The document is standard input, whatever name the parser is given. It has no folder, and so no external entity.
     static EntityGuard for_standard_input(Listener refused) { return {"standard input", std::move(refused), true}; }
 
+    /// To be called after the parse: throws what could not leave it, std::bad_alloc or what the listener threw.
+    void rethrow() const;
+
     ~EntityGuard();
     EntityGuard(const EntityGuard&) = delete;
     EntityGuard& operator=(const EntityGuard&) = delete;
@@ -43,6 +47,7 @@ private:
     Listener m_refused;
     bool m_is_standard_input;
     bool m_document_opened = false;
+    std::exception_ptr m_thrown;
     EntityGuard* m_pprevious_guard;
     void* m_pprevious_loader;
 };

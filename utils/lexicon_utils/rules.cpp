@@ -124,6 +124,7 @@ void parse_rules_features(const std::string& filename, RuleMap& map_set_rules) {
     {
         const EntityGuard guard(filename, nullptr);
         parser.parse_file(filename);
+        guard.rethrow();
     }
     for (const xmlpp::Element* const element : child_elements(*parser.get_document()->get_root_node())) {
         if (element->get_name().raw() != "part_of_speech" || map_set_rules.contains(attribute(*element, "name")))
