@@ -1,5 +1,6 @@
 #include "utils/BaseLexicalEntry.h"
 
+#include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
 
 #include <boost/regex.hpp>
@@ -19,8 +20,6 @@ namespace {
 constexpr const char* SUSANNE_TAGS[][2] = {{"PPH01m", "PRP"}, {"APPGm", "PPOSAT"}, {"NN1c", "NN"}, {"NP1f", "NNP"},
                                            {"VBR", "AUX"},    {"RR", "RB"},        {"CCr", "CC"},  {"NP1s", "NNP"},
                                            {"AT1", "DT"},     {"VV0v", "VB"}};
-
-bool is_alphanumeric(char32_t c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 /// A text addressed by code points without decoding all of it for every token: positions are found by walking on from
 /// the last one, or from where the last substring began.
@@ -91,15 +90,15 @@ private:
 /// Moves a span that begins `distance` characters before its word; the end follows where a letter was cut off.
 void move_span(CodePoints& text, std::uint32_t& from, std::uint32_t& to, std::uint32_t distance) {
     const char32_t first = text.at(from);
-    if (is_alphanumeric(first) || first == '\'' || !text.contains(from + distance))
+    if (is_number_or_letter(first) || first == '\'' || !text.contains(from + distance))
         return;
-    if (distance == 2 && is_alphanumeric(text.at(from + 1)))
+    if (distance == 2 && is_number_or_letter(text.at(from + 1)))
         return;
-    if (!is_alphanumeric(text.at(from + distance)))
+    if (!is_number_or_letter(text.at(from + distance)))
         return;
     from += distance;
     // Kept: the longer step tests the character after the end, the shorter one the character at it.
-    if (text.contains(to + distance) && is_alphanumeric(text.at(to + distance - 1)))
+    if (text.contains(to + distance) && is_number_or_letter(text.at(to + distance - 1)))
         to += distance;
 }
 

@@ -12,6 +12,6 @@ LexicalEntry* LexicalEntry::clone() {
     return copy;
 }
 
-bool unifiable(const std::string& s1, const std::string& s2) { return s1.empty() || s2.empty() || s1 == s2; }
+bool unifiable(const std::string& s1, const std::string& s2) { return null_equals(s1, s2); }
 
 } // namespace zelvor

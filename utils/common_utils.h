@@ -7,6 +7,7 @@
 #include "utils/common_utils/encoding.h"
 #include "utils/common_utils/entity_guard.h"
 #include "utils/common_utils/files.h"
+#include "utils/common_utils/hash_index.h"
 #include "utils/common_utils/numbers.h"
 #include "utils/common_utils/object_pool.h"
 #include "utils/common_utils/output_file.h"

@@ -7,7 +7,7 @@ import argparse
 import re
 import sys
 
-MAX_LINE = 8191  # bytes without the line feed; CRF++ reads into 8192 and drops all that follows a line that fills them
+MAX_LINE = 8190  # bytes without the line feed; CRF++ reads into 8192 and drops all that follows a line that fills them
 
 
 class Checker:
