@@ -158,6 +158,7 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
     m_faults = 0;
     m_has_error = m_has_fatal_error = false;
     m_current = nullptr;
+    m_sentence = Sentence(); // of a document that did not come to its end
     m_is_in_text = false;
     m_depth = 0;
     if (fault.empty()) {

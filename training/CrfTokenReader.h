@@ -33,7 +33,7 @@ public:
         long line = 0;    ///< 0: of all of it
     };
 
-    /// What the reader calls.
+    /// What the reader calls; none may be empty unless it says so.
     struct Listener {
         std::function<void(std::string_view lines)> write;
         /// A token without a training line; may be empty. Those of a sentence without an end come when that is clear.

@@ -22,7 +22,7 @@ public:
     /// Make one for each document, directly before it is parsed. pcat may be null and must outlive the guard.
     EntityGuard(const std::string& document, log4cpp::Category* pcat);
 
-    using Listener = std::function<void(const std::string& message)>;
+    using Listener = std::function<void(const std::string& message)>; ///< not empty
     EntityGuard(const std::string& document, Listener refused);
     /// The document is standard input, whatever name the parser is given. It has no folder, and so no external entity.
     static EntityGuard for_standard_input(Listener refused) { return {"standard input", std::move(refused), true}; }
