@@ -50,7 +50,8 @@ def start(argv, limits=(), closed=(), user=None, **how):
             os.close(stream)
 
     if user is not None and os.geteuid() == 0:
-        how.update(user=user, group=user, extra_groups=[])
+        # A build for coverage cannot write its counts as another user, and would say so.
+        how.update(user=user, group=user, extra_groups=[], env={**os.environ, "GCOV_PREFIX": COUNTS})
     how = {"bufsize": 0, "stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **how}
     return subprocess.Popen(argv, preexec_fn=prepare, **how)
 
@@ -617,6 +618,9 @@ if __name__ == "__main__":
     TEI2CRF, CONVERTER, TABLE = map(os.path.abspath, sys.argv[1:4])
     os.environ["ASAN_OPTIONS"] = "detect_leaks=0"  # it would need descriptors of its own
     with tempfile.TemporaryDirectory(prefix="zelvor-programs-") as programs:
+        COUNTS = programs + "/counts"
+        os.mkdir(COUNTS)
+        os.chmod(COUNTS, 0o777)
         if os.geteuid() == 0:  # the build may be where no other user can run it
             os.chmod(programs, 0o755)
             TEI2CRF, CONVERTER = (shutil.copy(program, programs) for program in (TEI2CRF, CONVERTER))
