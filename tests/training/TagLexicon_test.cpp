@@ -25,6 +25,7 @@ TEST(TagLexicon, CountsItsLinesAndKeepsItsContentWhenALoadFails) {
         EXPECT_THROW(lexicon.load(unreadable, nullptr), std::system_error) << unreadable;
     EXPECT_EQ(*lexicon.find(17), "Verb");
     EXPECT_EQ(*lexicon.find(19) + *lexicon.find(0), "");
+    EXPECT_TRUE(!lexicon.find(-1) && !lexicon.find(18) && !TagLexicon().find(0));
 }
 
 } // namespace zelvor
