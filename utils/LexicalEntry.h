@@ -51,8 +51,9 @@ public:
 
     // A paradigm row applied to a lemma. The row is read and not kept; a null row gives an empty entry. The
     // superlemma becomes lemma + "@" + part of speech. Without stems, a suffix "-at" reads back as the lemma and "at".
-    // With stems, the word form is stem + separator + suffix, and an index outside the stems throws
-    // std::out_of_range; a declension row may name the third stem or a later one and falls back by two.
+    // With stems, the word form is stem + separator + suffix, stored as it stands. An index outside the stems throws
+    // std::out_of_range, but a declension row falls back by two from the third stem or a later one, and has an empty
+    // word form where it lacks the first or second.
     LexicalEntry(ConjugationEntry* pconjugation_entry, const std::string& lemma);
     LexicalEntry(DeclensionEntry* pdeclension_entry, const std::string& lemma, const std::string& gender,
                  const std::string& pos);

@@ -33,14 +33,18 @@ TEST(Paradigms, ConjugationRows) {
          "PLURAL|GERUND|SECOND_PERSON|FUTURE|ACTIVE|ABLATIVE|MASCULINE|V|V|V|amo@V|x|x"},
         {{3, false, future2, gerundive, true, "x", 1, "V", gnone, vocative},
          "PLURAL|GERUNDIVE|THIRD_PERSON|FUTURE_PERFECT|ACTIVE|VOCATIVE||V|V|V|amo@V|x|x"},
+        {{1, true, present, subjunctive, true, "x", 1, "V", gnone, none},
+         "SINGULAR|SUBJUNCTIVE|FIRST_PERSON|PRESENT|ACTIVE|||V|V|V|amo@V|x|x"},
+        {{2, true, present, imperative, true, "x", 1, "V", gnone, none},
+         "SINGULAR|IMPERATIVE|SECOND_PERSON|PRESENT|ACTIVE|||V|V|V|amo@V|x|x"},
         {{-5, true, Time_val(6), Mood(-1), true, "x", 1, "V", Gender(9), Case(99)},
          "SINGULAR||||ACTIVE|||V|V|V|amo@V|x|x"}};
     for (auto [row, expected] : rows) {
         EXPECT_EQ(summary(LexicalEntry(&row, "amo")), expected);
         row.stem_index = 2; // with stems, the form is put together from stem, separator and ending
-        const LexicalEntry stemmed(&row, "amo", {"am", "amav"}, "1st", "|");
+        const LexicalEntry stemmed(&row, "amo", {"am", "amo"}, "1st", "|"); // not abbreviated
         EXPECT_EQ(summary(stemmed) + stemmed.get_conjugation_type(),
-                  expected.substr(0, expected.find("@V")) + "@V|amav|" + row.suffix + "|amav|" + row.suffix + "1st");
+                  expected.substr(0, expected.find("@V")) + "@V|amo|" + row.suffix + "|amo|" + row.suffix + "1st");
     }
 }
 
@@ -78,8 +82,8 @@ TEST(Paradigms, StemIndexes) {
             << size << ' ' << index;
     }
     DeclensionEntry row{none, true, "x", 1, gnone};
-    const LexicalEntry entry(&row, "l", {"a"}, "2nd", "G", "N", ".");
-    EXPECT_EQ(entry.get_declension_type() + summary(entry), "2ndSINGULAR||||||G|N|N|N|l@N|a.x|a.x");
+    const LexicalEntry entry(&row, "a", {"a"}, "2nd", "G", "N", "."); // not abbreviated
+    EXPECT_EQ(entry.get_declension_type() + summary(entry), "2ndSINGULAR||||||G|N|N|N|a@N|a.x|a.x");
     EXPECT_EQ(LexicalEntry(static_cast<ConjugationEntry*>(nullptr), "l").get_lemma(), ""); // no row: an empty entry
     EXPECT_EQ(LexicalEntry(static_cast<DeclensionEntry*>(nullptr), "l", {}, "", "", "", "").get_lemma(), "");
 }

@@ -53,9 +53,11 @@ bool read_names(const std::string& directory_name, std::set<std::string>& names,
 
 void parse(const std::string& line, std::string& lemma, std::string& word_form, std::string& pos) {
     const std::vector<std::string_view> fields = split_tokens(line, "\t");
-    word_form = trimmed(fields.at(0));
-    lemma = trimmed(fields.at(1));
-    pos = trimmed(fields.at(2));
+    word_form = fields.at(0);
+    lemma = fields.at(1);
+    pos = fields.at(2);
+    for (std::string* const text : {&word_form, &lemma, &pos})
+        *text = trimmed(*text);
 }
 
 void get_words_from_lexicon(const std::string& lexicon_filename, std::set<std::string>& lemmas) {

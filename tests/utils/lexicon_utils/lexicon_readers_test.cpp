@@ -21,6 +21,8 @@ TEST(LexiconReaders, TrimmedWordsAndStatistics) {
     std::string lemma, word_form, pos;
     parse("w\tl\tp", lemma, word_form, pos);
     EXPECT_EQ(lemma + word_form + pos, "lwp");
+    EXPECT_THROW(parse(" v \t m ", lemma, word_form, pos), std::out_of_range);
+    EXPECT_EQ(lemma + word_form + pos, " m  v p"); // a line too short leaves what it set untrimmed
     std::map<std::string, int> counts{{"old", 1}};
     std::set<int> numbers; // a count that comes too late is a number all the same
     read_statistics(directory.write("s", " a=b=7 \r\n\n  \nx\n5\na=b=9\nold=2\n=3\nc = 4"), counts, numbers);
