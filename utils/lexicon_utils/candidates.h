@@ -46,7 +46,7 @@ std::string select_lemma(const std::vector<std::string>& previous_lemmas, std::s
 
 /// The word form with the highest product p^0.75 q^0.25 of the two shares. With `rank` the scores are natural
 /// logarithms; they are still divided by the sum of the logarithms: where that is negative, no candidate beats another,
-/// and the first one wins.
+/// and the first one wins. Without it, a negative share has no power, and the choice is unspecified.
 std::string select_ocr_wf(const std::vector<std::string>& previous_wfs,
                           std::multimap<std::string, BaseLexicalEntry*> map_lexicon,
                           CandidateIterator iter_begin_predicted, CandidateIterator iter_end_predicted, Vocab* pvocab,

@@ -159,7 +159,7 @@ void call_lemmatizer_all_pos(std::string temp_directory, log4cpp::Category* pcat
                              const std::set<std::string>& all_pos, bool& modified) {
     for (const std::string& tag : all_pos) {
         const Models models = models_of_tag(lemma_model, lemma_seg_model, tag);
-        LineCache* cache = pmap_cache ? get_or_create(*pmap_cache, tag) : nullptr;
+        LineCache* cache = pmap_cache ? find_or_create(*pmap_cache, tag) : nullptr;
         std::string cached_lines;
         const std::set<std::string> misses = split_by_cache(word_forms, cache, append_to(cached_lines, "\n"));
         print_models("lemmatizer", models);
@@ -182,7 +182,7 @@ void call_lemmatizer_pos(std::string temp_directory, log4cpp::Category* pcat,
         const auto known = map_wfc.find(tag);
         WordFormContainers none;
         WordFormContainers& containers = known != map_wfc.end() && known->second ? *known->second : none;
-        LineCache* cache = pmap_cache ? get_or_create(*pmap_cache, tag) : nullptr;
+        LineCache* cache = pmap_cache ? find_or_create(*pmap_cache, tag) : nullptr;
         const std::set<std::string> misses = split_by_cache(*word_forms, cache, [&](const std::string& line) {
             parse_line(line, containers, nullptr, modified, true);
         });

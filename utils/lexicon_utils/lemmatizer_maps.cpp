@@ -59,8 +59,8 @@ void fill_lemmatizer_hashmap_allpos(const std::string& lemmatizer_directory,
         const std::string name = entry->d_name;
         if (name == "." || name == "..")
             continue;
-        LineCache& cache = *get_or_create(map_lemmatizer_cache, name.substr(0, name.find('.')));
-        fill_line_cache(name, ' ', cache); // kept: by the bare name, not below the directory
+        if (LineCache* const cache = find_or_create(map_lemmatizer_cache, name.substr(0, name.find('.'))))
+            fill_line_cache(name, ' ', *cache); // kept: by the bare name, not below the directory
     }
 }
 
@@ -93,17 +93,17 @@ void get_possible_pos(std::vector<BaseLexicalEntry*>* pvec, std::set<std::string
 
 void add_pos_wf_to_hash(std::map<std::string, std::set<std::string>*>& map_pos, const std::string& pos,
                         const std::string& word_form) {
-    get_or_create(map_pos, pos)->insert(word_form);
+    if (std::set<std::string>* const word_forms = find_or_create(map_pos, pos))
+        word_forms->insert(word_form);
 }
 
 void free_pos_wf_to_hash(std::map<std::string, std::set<std::string>*>& map_pos) { free_inner(map_pos); }
 
 void add_pos_wf_to_wfc(std::map<std::string, WordFormContainers*>& map_wfc, const std::string& pos,
                        const std::string& word_form, WordFormContainer* pword_form_container) {
-    const auto known = map_wfc.find(pos);
-    const bool is_new = known == map_wfc.end() || !known->second;
-    std::cout << (is_new ? "1\n2\n3\n5\n6\n7\n8" : "1\n2\n3\n4\n8") << std::endl;
-    get_or_create(map_wfc, pos)->emplace(word_form, pword_form_container);
+    std::cout << (map_wfc.contains(pos) ? "1\n2\n3\n4\n8" : "1\n2\n3\n5\n6\n7\n8") << std::endl;
+    if (WordFormContainers* const containers = find_or_create(map_wfc, pos))
+        containers->emplace(word_form, pword_form_container);
 }
 
 void free_wfc_hash(std::map<std::string, WordFormContainers*>& map_wfc) { free_inner(map_wfc); }

@@ -10,7 +10,8 @@
 /// scores, and indexes by part-of-speech tag. docs/candidates.md describes the formats and their oddities.
 ///
 /// Inner containers are made here with new and belong to the owner of the map; the free functions delete them. An
-/// unreadable file yields no entries, a key that is there already keeps its value.
+/// unreadable file yields no entries, a key that is there already keeps its value. Where a map holds null under a tag,
+/// nothing is kept of that tag.
 namespace zelvor {
 
 class BaseLexicalEntry;
