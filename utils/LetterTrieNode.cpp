@@ -146,21 +146,22 @@ Glib::ustring LetterTrieNode::read_off_stack(std::stack<LetterTrieNode*> stack_l
 }
 
 void LetterTrieNode::delete_tree(LetterTrieNode* proot) {
-    std::vector<LetterTrieNode*> doomed;
+    std::vector<LetterTrieNode*> pending, doomed;
     const auto collect_children = [&](LetterTrieNode* node) {
         for (LetterTrieNode* child : node->m_vec_ptrie_nodes) {
             if (child != proot)
-                doomed.push_back(child);
+                pending.push_back(child);
             else if (child->m_pparent == node && node != this)
                 child->m_pparent = nullptr; // the node that it points to is about to go
         }
         node->m_vec_ptrie_nodes.clear();
         node->m_access = Access::NONE;
     };
-    collect_children(this);
-    // Each node stands behind its parent, so that going backwards frees children first.
-    for (std::size_t i = 0; i < doomed.size(); ++i)
-        collect_children(doomed[i]);
+    // Parents before their children, and the last child first, so that going backwards frees children first, in order.
+    for (collect_children(this); !pending.empty(); collect_children(doomed.back())) {
+        doomed.push_back(pending.back());
+        pending.pop_back();
+    }
     for (auto node = doomed.rbegin(); node != doomed.rend(); ++node)
         delete *node;
 }

@@ -70,7 +70,8 @@ public:
     void read_off_intern(Glib::ustring& s) const; ///< puts this node's path in front of s
     void read_off_stack_intern(Glib::ustring& s, std::stack<LetterTrieNode*>& stack_letter_trie) const; ///< empties it
 
-    /// Deletes all nodes below this one, except proot (which may be null) and what hangs below it.
+    /// Deletes all nodes below this one, except proot (which may be null) and what hangs below it: children before
+    /// their parents, in code-point order.
     void delete_tree(LetterTrieNode* proot);
 
     gunichar get_contents() const { return m_c; }
@@ -109,6 +110,7 @@ public:
     /// All ways to split str into stored strings, or null: inside at least 3 characters long, at the end 2; where two
     /// differ, the one with the longer word comes first. This node stands distance_from_root below proot (null: the
     /// root) in a word already begun. Free with delete_segment_result. The result can be exponential in the length.
+    /// Besides, it needs 16 bytes for each stored string that begins at a position where a word may begin.
     Splittings* segment(const Glib::ustring& str, unsigned int current_index, LetterTrieNode* proot,
                         int distance_from_root);
     Splittings* segment_sorted(const Glib::ustring& str, unsigned int current_index); ///< fewest words first
@@ -128,7 +130,7 @@ protected:
     enum class Access : std::uint8_t { NONE, ONLY_CHILD, SLOTS, SEARCH };
 
     gunichar m_c = 0;
-    std::vector<LetterTrieNode*> m_vec_ptrie_nodes;
+    std::vector<LetterTrieNode*> m_vec_ptrie_nodes; ///< only add_child and delete_tree may change it: see m_access
     bool m_is_leaf = false;
     Access m_access = Access::NONE;
     int m_num = 0;

@@ -47,7 +47,8 @@ TEST(Susanne, ConvertsTagsAndKeepsTheOthers) {
     using Row = std::pair<const char*, const char*>;
     for (const auto& [tag, pos] :
          {Row("PPH01m", "PRP"), Row("APPGm", "PPOSAT"), Row("NN1c", "NN"), Row("NP1f", "NNP"), Row("VBR", "AUX"),
-          Row("CCr", "CC"), Row("VV0v", "VB"), Row("NN2", "NN2"), Row("nn1c", "nn1c"), Row("", "")}) {
+          Row("RR", "RB"), Row("CCr", "CC"), Row("NP1s", "NNP"), Row("AT1", "DT"), Row("VV0v", "VB"), Row("NN2", "NN2"),
+          Row("nn1c", "nn1c"), Row("", "")}) {
         BaseLexicalEntry entry;
         entry.parse_susanne(std::string("A19:0010b\t-\t") + tag + "\tThe\tthe\t[O[S[Nns:s.");
         EXPECT_EQ(entry.get_abbreviated_word_form() + entry.get_lemma(), "Thethe");
@@ -71,7 +72,8 @@ TEST(Oanc, SpansTellTheirOffsetsAndKeepTheLastTag) {
     BaseLexicalEntry entry("a", "b", "c");
     entry.parse_oanc(nullptr, "");
     xmlpp::DomParser parser;
-    for (const auto& [from, to, word_form] : {std::tuple{"1", "5", "dogs"}, {"1", "-1", "dogs b"}, {"99", "7", ""}}) {
+    for (const auto& [from, to, word_form] :
+         {std::tuple{"1", "5", "dogs"}, {"1", "-1", "dogs b"}, {"7", "8", "b"}, {"99", "7", ""}}) {
         parser.parse_memory(std::string("<t from='") + from + "' to='" + to +
                             "'> <f name='base' value='cat'/><f name='msd' value='NN'/><f name='msd' value='NNS'/>"
                             "<f name='x' value='y'/></t>");

@@ -117,13 +117,33 @@ TEST(LetterTrie, ReadsPathsAndStacksOfPaths) {
     EXPECT_EQ(boot->read_off_stack(Stack({haus, nullptr, boot})).raw(), "haus boot boot");
 }
 
-class ShortNode : public LetterTrieNode { // stores at most one character below itself
+class ShortNode : public LetterTrieNode { // stores at most one character below itself, and tells its end
 public:
-    using LetterTrieNode::LetterTrieNode;
+    explicit ShortNode(gunichar c, std::string* pends = nullptr) : LetterTrieNode(c), m_pends(pends) {}
+    ~ShortNode() override {
+        if (m_pends)
+            *m_pends += static_cast<char>(m_c);
+    }
     void store_string(Glib::ustring str, unsigned int current_index) override {
         LetterTrieNode::store_string(str.substr(0, current_index + 1), current_index);
     }
+
+private:
+    std::string* m_pends;
 };
+
+TEST(LetterTrie, DeletesChildrenInOrderAndBeforeTheirParents) {
+    std::string ends;
+    LetterTrieNode root;
+    for (const char* path : {"a", "b", "ac", "ae", "acd"}) {
+        LetterTrieNode* node = &root;
+        for (; path[1] != 0 && node->look_for_node(*path); ++path)
+            node = node->look_for_node(*path);
+        node->add_child(new ShortNode(*path, &ends), 99);
+    }
+    root.delete_tree(&root);
+    EXPECT_EQ(ends, "dceab");
+}
 
 TEST(LetterTrie, EntersDerivedChildrenAndSurvivesBackPointers) {
     Trie trie;
@@ -178,15 +198,27 @@ TEST(LetterTrieFree, SmallFunctions) {
 TEST(LetterTrieFuzzy, FindsKnownCases) {
     const std::string nul("\0a", 2);
     using Result = std::map<std::string, double>;
+    std::map<Glib::ustring, double> weights{{"ax", 0.25}};
+    LetterTrieNode::set_weight_table(&weights);
     using Row = std::tuple<Words, std::string, double, int, Result>; // stored, input, tolerance, steps, budgets left
     for (const auto& [stored, str, tolerance, steps, result] :
          {Row({"ccab"}, "xxba", 2.5, 3, {{"ccab", -0.5}}), Row({"abc", "x"}, "", INF, 1, {{"abc", INF}, {"x", INF}}),
           Row({"ab"}, "zzz", 1e12, 3, {{"ab", 999999999997}}), Row({nul}, "a\xC3", 2.0, 2, {{nul, 0}}),
+          Row({"abc"}, "axc", 1.0, 1, {{"abc", 0.75}}), Row({"abc"}, "ayc", 1.0, 1, {{"abc", 0}}),
+          Row({"abc"}, "bac", 1.0, 1, {{"abc", 0}}),
           Row({"m2", "m\xC2\xB2"}, "m2", 1.0, 0, {{"m2", 1}, {"m\xC2\xB2", 0}})}) {
         Matches matches;
         EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy(str, 0, tolerance, matches, 0, 1), steps) << str;
         EXPECT_EQ(contents(matches), result) << str;
     }
+    LetterTrieNode::set_weight_table(nullptr);
+    Trie trie({"x", "abc"});
+    Matches matches;
+    std::stack<LetterTrieNode*> stack;
+    EXPECT_EQ(trie.root.lookup_string_fuzzy("xbc", 0, 1, matches, 2, 1), -1);
+    EXPECT_EQ(trie.at("x")->lookup_string_fuzzy("zabc", 0, 1, matches, 0, 0.5), -1);
+    EXPECT_EQ(trie.at("x")->lookup_string_fuzzy_segment("zabc", 0, 1, matches, 0, 0.5, stack, nullptr), 1);
+    EXPECT_EQ(contents(matches), (Result{{"abc", 0.5}})); // "z" is the boundary between "x" and "abc"
 }
 
 TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {

@@ -83,11 +83,15 @@ TEST(LatinEntry, GermanLayoutEndsWithASeparatorAndACloneIsAFreshAnalysis) {
                                 "\t#f18\t#f19\t#f20\t#\t#\t#\t#\t#\t#\t#\t#\t#\t#\n");
 }
 
+LexicalEntry entry_of(const std::map<std::size_t, std::string>& replaced) {
+    LexicalEntry entry;
+    entry.parse_latin(line_of(31, replaced));
+    return entry;
+}
+
 /// An entry of a full line, with one column replaced (none where the line is not as long).
 LexicalEntry entry_with(std::size_t column, const std::string& text) {
-    LexicalEntry entry;
-    entry.parse_latin(line_of(31, {{column, text}, {4, "am"}, {8, "amat"}}));
-    return entry;
+    return entry_of({{column, text}, {4, "am"}, {8, "amat"}});
 }
 
 struct Lexicon {
@@ -114,22 +118,29 @@ TEST(LatinMerge, ComparesWhatItShould) {
     }
 }
 
-TEST(LatinMerge, FillsGapsExceptMoodTenseAndVoice) {
+TEST(LatinMerge, FillsGapsExceptMoodTenseAndVoiceAndReplacesNothing) {
     for (std::size_t column = 0; column < 31; ++column) {
+        if (column == 4 || column == 8) // whose difference keeps entries apart
+            continue;
+        std::map<std::size_t, std::string> others{{4, "am"}, {8, "amat"}, {17, "f17"}}, merged = others;
+        merged.insert({{22, "f22,g22"}, {23, "f23,g23"}, {24, "f24,g24"}});
+        for (std::size_t i = 0; i < 31; ++i)
+            others.emplace(i, "g" + std::to_string(i));
+        merged[column] = column == 14 || column == 19 || column == 21 ? " " : others[column];
         Lexicon lexicon;
-        LexicalEntry stored = entry_with(column, " "), incoming = entry_with(99, "");
-        const bool kept = column == 14 || column == 19 || column == 21; // as 4 and 8, whose difference keeps apart
-        const std::string expected = exported(kept || column == 4 || column == 8 ? stored : incoming);
-        lexicon.add(stored, true);
-        EXPECT_EQ(lexicon.add(incoming, true), column == 4 || column == 8) << column;
-        EXPECT_EQ(exported(stored), expected) << column;
+        LexicalEntry stored = entry_with(column, " "), incoming = entry_of(others), expected = entry_of(merged);
+        lexicon.add(stored, false);
+        EXPECT_FALSE(lexicon.add(incoming, false)) << column;
+        EXPECT_EQ(exported(stored), exported(expected)) << column;
     }
 }
 
 TEST(LatinMerge, StoredFormsAreComparedAndTheFirstMatchWins) {
     Lexicon lexicon;
     EnglishLexicalEntry english("am", "amat", "V");
-    lexicon.by_lemma = {{"am", nullptr}, {"am", &english}};
+    LexicalEntry renamed = entry_with(17, "V");
+    renamed.set_lemma("sum");
+    lexicon.by_lemma = {{"am", nullptr}, {"am", &english}, {"am", &renamed}};
     LexicalEntry spelled = entry_with(17, "V"), abbreviated("am", "amat", "V"), noun = entry_with(17, "N");
     LexicalEntry empty("am", "am", ""), unknown = entry_with(17, " "), filling("am", "am", "N");
     unknown.insert_originating_source_wordforms("z");

@@ -51,12 +51,19 @@ public:
             return nullptr;
         }
     }
+    static void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t& tag) noexcept {
+        return ::operator new(size, alignment, tag);
+    }
     static void* operator new(std::size_t, void* pplace) noexcept { return pplace; }
     static void operator delete(void* pobject, std::size_t size) noexcept { m_pool.release(pobject, size); }
     static void operator delete(void* pobject, std::size_t size, std::align_val_t alignment) noexcept {
         ::operator delete(pobject, size, alignment);
     }
-    static void operator delete(void* pobject, const std::nothrow_t&) noexcept { m_pool.release(pobject, sizeof(T)); }
+    // After a constructor that throws. How large the object was is not told, and so not where it came from: it is lost.
+    static void operator delete(void*, const std::nothrow_t&) noexcept {}
+    static void operator delete(void* pobject, std::align_val_t alignment, const std::nothrow_t& tag) noexcept {
+        ::operator delete(pobject, alignment, tag);
+    }
     static void operator delete(void*, void*) noexcept {}
 
 private:

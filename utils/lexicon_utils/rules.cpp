@@ -9,7 +9,11 @@
 #include <log4cpp/Category.hh>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
+#include <system_error>
+
+#include <unistd.h>
 
 namespace zelvor {
 
@@ -26,8 +30,11 @@ void log_info(log4cpp::Category* category, const Parts&... parts) {
         category->info((std::string() + ... + parts));
 }
 
-/// A directory opens and cannot be read.
+/// A directory opens and cannot be read; a pipe would be read for good.
 bool is_readable(const std::string& filename) {
+    std::error_code ignored;
+    if (std::filesystem::is_fifo(filename, ignored))
+        return access(filename.c_str(), R_OK) == 0;
     std::ifstream file(filename);
     file.peek();
     return file.is_open() && !file.bad();

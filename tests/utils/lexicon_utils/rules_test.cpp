@@ -7,8 +7,12 @@
 #include <gtest/gtest.h>
 #include <libxml++/libxml++.h>
 
+#include <fstream>
 #include <stdexcept>
+#include <thread>
 #include <tuple>
+
+#include <sys/stat.h>
 
 namespace zelvor {
 namespace {
@@ -77,10 +81,13 @@ TEST(Rules, Subsumption) {
 TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
     const TemporaryDirectory directory;
     RuleMap map;
-    parse_rules_features(directory.write("rules.xml", R"(<!DOCTYPE r [<!ENTITY s SYSTEM "../x">]><r><!-- --><other/>
-<part_of_speech name="NN"><set>text<rules><r premise="y" conclusion="ies"/><r conclusion="s"/></rules><ignored/>
+    directory.write("above", "<r premise='y' conclusion='of an entity elsewhere'/>");
+    directory.write("folder/beside", "<r premise='y' conclusion='ies'/>");
+    parse_rules_features(directory.write("folder/rules.xml", R"(<!DOCTYPE r [<!ENTITY above SYSTEM "../above">
+<!ENTITY beside SYSTEM "beside"><!ENTITY own "<f name='WFPOS' value='NNS'/>">]><r><!-- --><other/>
+<part_of_speech name="NN"><set>text<rules>&above;&beside;<r conclusion="s"/></rules><ignored/>
 <features><f name="NUMERUS" value="PL"/><f name="NUMERUS" value="no"/><f name="CASE" value="C"/><f name="odd" value="x"/></features>
-<features><f name="WFPOS" value="NNS"/><f name="PERSON" value="3"/><f name="MOOD" value="M"/><f name="TENSE" value="T"/>
+<features>&own;<f name="PERSON" value="3"/><f name="MOOD" value="M"/><f name="TENSE" value="T"/>
 <f name="COMPARISON_DEGREE" value="D"/></features></set></part_of_speech>
 <part_of_speech name="NN"><set><rules><r conclusion="never"/></rules><features/></set></part_of_speech>
 <part_of_speech name="VB"><set><rules><r conclusion="bare"/></rules></set></part_of_speech></r>)"),
@@ -120,8 +127,14 @@ TEST(RulesWithFeatures, UnreadableFilesAreEmptyAndBadXmlThrows) {
     parse_rules_features(directory.path(), map);
     EXPECT_THROW(parse_rules_features(directory.write("bad", "<r><part_of_speech name='x'>"), map), xmlpp::exception);
     EXPECT_THROW(parse_rules_features(directory.write("empty", ""), map), xmlpp::exception);
+    EXPECT_THROW(parse_rules_features(directory.write("warned", "<r xmlns='relative'/>"), map), xmlpp::exception);
     parse_rules_features(directory.write("other", "<html><body/></html>"), map);
     EXPECT_TRUE(map.empty());
+    const std::string pipe = directory.path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::jthread writer([&] { std::ofstream(pipe) << "<r><part_of_speech name='NN'/></r>"; });
+    parse_rules_features(pipe, map);
+    EXPECT_TRUE(map.contains("NN"));
 }
 
 } // namespace
