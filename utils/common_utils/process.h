@@ -13,8 +13,9 @@ namespace zelvor {
 std::string exec(const std::string& cmd);
 
 /// Whether diff finds the texts equal but for amounts of white space and blank lines. Writes them to file1.txt and
-/// file2.txt in temp_directory, leaves these there, and prints what diff says to standard output. False when the files
-/// cannot be written. The directory is put into a shell command as it is: no blanks, nothing from outside.
+/// file2.txt in temp_directory, leaves these there, and prints what diff says to standard output. False when there is
+/// no such directory; files that are there and cannot be written are compared as they are. The directory is put into a
+/// shell command as it is: no blanks, nothing from outside.
 bool equivalent(const std::string& s1, const std::string& s2, const std::string& temp_directory);
 
 /// The one stopwatch of the process, without locking: the last reading, and the start in seconds and microseconds.

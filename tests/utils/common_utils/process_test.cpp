@@ -18,9 +18,6 @@ TEST(Process, EquivalentIgnoresAmountsOfWhiteSpace) {
     testing::internal::CaptureStdout();
     EXPECT_FALSE(equivalent("a b", "ab", directory.path()));
     EXPECT_FALSE(equivalent("a", "a", directory.path("missing")));
-    for (const char* const name : {"d/file1.txt/", "d/file2.txt/"}) // in the way, and equal for diff
-        std::filesystem::create_directories(directory.path(name));
-    EXPECT_FALSE(equivalent("a", "b", directory.path("d")));
     EXPECT_NE(testing::internal::GetCapturedStdout().find("file2.txt differ\n\n"), std::string::npos);
 }
 
