@@ -26,6 +26,19 @@ void* interrupted_instruction([[maybe_unused]] void* ucontext) {
 #endif
 }
 
+/// The trace reads the instruction where the fault happened, which may be the fault itself.
+void end_at_next_fault() {
+    struct sigaction action = {};
+    sigemptyset(&action.sa_mask);
+    action.sa_handler = [](int) { _exit(1); };
+    action.sa_flags = SA_NODEFER;
+    sigaction(SIGSEGV, &action, nullptr);
+    sigset_t fault;
+    sigemptyset(&fault);
+    sigaddset(&fault, SIGSEGV);
+    pthread_sigmask(SIG_UNBLOCK, &fault, nullptr);
+}
+
 } // namespace
 
 void install_error_handler() {
@@ -45,6 +58,7 @@ void crit_err_hdlr(int sig_num, siginfo_t* info, void* ucontext) {
     void* const caller_address = interrupted_instruction(ucontext);
     std::fprintf(stderr, "signal %d (%s), address is %p from %p\n", sig_num, strsignal(sig_num), info->si_addr,
                  caller_address);
+    end_at_next_fault();
     void* frames[MAX_FRAMES];
     const int count = backtrace(frames, MAX_FRAMES);
     frames[1] = caller_address; // in place of the signal trampoline

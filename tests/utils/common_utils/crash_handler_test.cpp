@@ -23,6 +23,11 @@ TEST(CrashHandlerDeathTest, ReportsTheFaultAndWhereItHappened) {
         return end > 0 && first_frame == instruction;
     };
     EXPECT_EXIT(crash(), testing::ExitedWithCode(1), testing::Truly(is_report));
+    const auto jump = [&] { // where not even the instruction can be read
+        install_error_handler();
+        reinterpret_cast<void (*)()>(address)();
+    };
+    EXPECT_EXIT(jump(), testing::ExitedWithCode(1), testing::HasSubstr("address is 0x10 from 0x10\n"));
 }
 
 } // namespace zelvor
