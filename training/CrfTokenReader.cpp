@@ -220,11 +220,12 @@ void CrfTokenReader::on_error(const Glib::ustring& text) {
     m_current = faulty_context();
     const xmlError* const error = xmlGetLastError();
     const bool is_fatal = error && error->level == XML_ERR_FATAL;
-    if (m_thrown || (m_has_error && (m_has_fatal_error || !is_fatal)))
-        return stop_after_fatal_error();
-    m_has_error = true;
-    m_has_fatal_error = is_fatal;
-    fault(place(), std::string(trimmed(text.raw())));
+    if (!m_thrown && (!m_has_error || (is_fatal && !m_has_fatal_error))) {
+        m_has_error = true;
+        m_has_fatal_error = is_fatal;
+        fault(place(), std::string(trimmed(text.raw())));
+    }
+    stop_costly_errors();
 }
 
 void CrfTokenReader::fault(const Place& place, const std::string& message) {

@@ -5,6 +5,7 @@
 #include <libxml/parser.h>
 #include <log4cpp/Category.hh>
 
+#include <cstring>
 #include <iostream>
 #include <set>
 
@@ -18,7 +19,7 @@ CrfTrainingTeiSaxParser::~CrfTrainingTeiSaxParser() = default;
 
 void CrfTrainingTeiSaxParser::on_start_document() {
     m_is_word_node = false;
-    m_errors_told = 0;
+    m_copied_bytes = 0;
     m_vec_pvec_lexical_entry_representation.clear();
 }
 
@@ -105,14 +106,19 @@ _xmlParserCtxt* CrfTrainingTeiSaxParser::faulty_context() const {
     return is_known ? static_cast<xmlParserCtxtPtr>(error->ctxt) : context_;
 }
 
-void CrfTrainingTeiSaxParser::stop_after_fatal_error() const {
-    if (const xmlParserCtxtPtr context = faulty_context(); context && context->disableSAX)
+void CrfTrainingTeiSaxParser::stop_costly_errors() {
+    const xmlError* const error = xmlGetLastError();
+    // Only these: after other errors the XML library may read on in a text that stopping has freed.
+    if (!error || !error->str1)
+        return;
+    m_copied_bytes += std::strlen(error->str1);
+    if (const xmlParserCtxtPtr context = faulty_context();
+        m_copied_bytes > MAX_COPIED_BYTES && context && context->disableSAX)
         xmlStopParser(context);
 }
 
 void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
-    if (++m_errors_told > MAX_ERRORS)
-        stop_after_fatal_error();
+    stop_costly_errors();
     if (!m_pmain_cat)
         return;
     m_pmain_cat->error(std::string("Error occurred during parsing! "));

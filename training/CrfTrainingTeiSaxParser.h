@@ -47,9 +47,9 @@ protected:
 
     /// While an error is told: the parser that met it, that of the document or of an entity within it; null otherwise.
     _xmlParserCtxt* faulty_context() const;
-    /// While an error is told: ends what nothing is handed over of any more, after a fatal error. Each further one can
-    /// cost the XML library as much time as the text before it.
-    void stop_after_fatal_error() const;
+    /// While an error is told: ends what nothing is handed over of any more, after a fatal error, where the errors have
+    /// become costly. The XML library copies what an error is about, be it all of a comment up to two hyphens.
+    void stop_costly_errors();
 
     bool m_is_word_node = false;
     std::string m_lemma_json;
@@ -68,14 +68,14 @@ protected:
     AnalysisReader m_analysis_reader;
 
 private:
-    static constexpr std::size_t MAX_ERRORS = 1000; ///< so many are told in any case
+    static constexpr std::size_t MAX_COPIED_BYTES = std::size_t{64} * 1024 * 1024;
 
     void end_word();
     void end_punctuation();
     const LexicalEntry* find_entry(int id) const;
     void add_entry(const std::string& lemma, const std::string& pos);
 
-    std::size_t m_errors_told = 0; ///< of this document
+    std::size_t m_copied_bytes = 0; ///< by the errors of this document
 };
 
 } // namespace zelvor

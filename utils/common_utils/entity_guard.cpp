@@ -8,6 +8,7 @@
 #include <log4cpp/Category.hh>
 
 #include <algorithm>
+#include <climits>
 #include <memory>
 #include <string_view>
 
@@ -120,6 +121,8 @@ EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_
         m_document = with_real_folder(document);
         m_folders[0] = folder_of(m_document);
         m_folders[1] = folder_of(real_path(document));
+        if (m_document.size() >= PATH_MAX) // which only a relative name can open
+            m_document = document;
     }
     current_guard = this;
     xmlSetExternalEntityLoader(&Loader::load);
