@@ -121,8 +121,9 @@ EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_
         m_document = with_real_folder(document);
         m_folders[0] = folder_of(m_document);
         m_folders[1] = folder_of(real_path(document));
-        if (m_document.size() >= PATH_MAX) // which only a relative name can open
-            m_document = document;
+        // The path of a very deep folder is too long to be opened, or to be had at all. "./" is not the begin of a URL.
+        if (!document.starts_with('/') && (m_document.empty() || m_document.size() >= PATH_MAX))
+            m_document = "./" + document;
     }
     current_guard = this;
     xmlSetExternalEntityLoader(&Loader::load);

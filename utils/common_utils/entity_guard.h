@@ -41,7 +41,7 @@ private:
 
     bool is_below_document(const std::string& path) const;
 
-    std::string m_document;   ///< as given, below the real path of its folder
+    std::string m_document;   ///< as given, below the real path of its folder where that can be opened
     std::string m_folders[2]; ///< its own, and that of the file behind a link; ending in "/", or empty
     std::set<std::string> m_refused_addresses;
     Listener m_refused;
