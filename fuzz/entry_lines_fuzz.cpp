@@ -4,6 +4,7 @@
 #include "utils/common_utils/text.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 namespace zelvor::fuzz {
@@ -31,6 +32,32 @@ void check_stored_form(const std::string& lemma, const std::string& word_form) {
         require_equal(copy.get_abbreviated_word_form(), entry.get_abbreviated_word_form(), "both ways store the same");
 }
 
+/// The values of a comma list as a sorted one.
+std::string sources_in(const std::string& list) {
+    std::set<std::string> values;
+    for (const std::string& value : split_at(list, ','))
+        if (!value.empty())
+            values.insert(value);
+    return convert_list_to_string(values.begin(), values.end(), ",");
+}
+
+void check_sources(const std::string& line, const std::vector<std::string>& fields, const std::string& stored_form) {
+    OriginatingLexicalEntryRepresentation entry;
+    entry.insert_originating_source_pos("kept");
+    entry.parse(line);
+    require_equal(entry.get_abbreviated_word_form(), stored_form, "sources change nothing");
+    const auto field = [&](std::size_t i, const char* otherwise) { return i < fields.size() ? fields[i] : otherwise; };
+    require_equal(convert_list_to_string(entry.originating_word_forms_source_begin(),
+                                         entry.originating_word_forms_source_end(), ","),
+                  sources_in(field(4, "")), "the fifth field has the sources of the form");
+    require_equal(
+        convert_list_to_string(entry.originating_lemmas_source_begin(), entry.originating_lemmas_source_end(), ","),
+        sources_in(field(5, "")), "the sixth those of the lemma");
+    require_equal(convert_list_to_string(entry.originating_pos_source_begin(), entry.originating_pos_source_end(), ","),
+                  sources_in(field(6, "kept")),
+                  "the seventh those of the part of speech, and stays away without a change");
+}
+
 void check_base_line(const std::string& line) {
     BaseLexicalEntry entry("old", "older", "OLD");
     entry.set_lemma_pos("OLD");
@@ -40,10 +67,13 @@ void check_base_line(const std::string& line) {
     require_equal(entry.get_lemma(), is_read ? std::string(trimmed(fields[1])) : "", "the second field is the lemma");
     require_equal(entry.get_lemma_pos(), fields.size() > 2 ? fields[2] : "", "the third is the lemma's tag");
     require_equal(entry.get_pos(), fields.size() > 3 ? fields[3] : "", "the fourth is the form's tag");
-    check_stored_form(entry.get_lemma(), std::string(trimmed(fields[0])));
-    OriginatingLexicalEntryRepresentation with_sources;
-    with_sources.parse(line);
-    require_equal(with_sources.get_word_form(), entry.get_word_form(), "sources change nothing");
+    const std::string form(trimmed(fields[0]));
+    check_stored_form(entry.get_lemma(), form);
+    BaseLexicalEntry set_by_hand(entry.get_lemma(), "", "");
+    set_by_hand.set_word_form(form);
+    require_equal(entry.get_abbreviated_word_form(), is_read ? set_by_hand.get_abbreviated_word_form() : "",
+                  "the first field is the form, which a line of one field lacks");
+    check_sources(line, fields, entry.get_abbreviated_word_form());
 }
 
 void check_english_line(const std::string& line) {

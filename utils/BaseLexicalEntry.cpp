@@ -63,7 +63,8 @@ bool BaseLexicalEntry::operator<(const BaseLexicalEntry& other) const {
 }
 
 void write_set(std::set<std::string>& values, std::ostream& os) {
-    os << convert_list_to_string(values.begin(), values.end(), ",");
+    if (!values.empty())
+        os << convert_list_to_string(values.begin(), values.end(), ",");
 }
 
 std::ostream& operator<<(std::ostream& os, BaseLexicalEntry& entry) {

@@ -75,7 +75,7 @@ void EnglishLexicalEntry::parse_tokens(const std::vector<std::string>& tokens) {
         this->*Tables::FEATURES[i - Tables::FIRST_FEATURE].field = tokens[i];
 }
 
-void EnglishLexicalEntry::export_entry(std::ostream* pofs) {
+void EnglishLexicalEntry::export_entry(std::ostream* pofs) const {
     if (!pofs)
         return;
     std::vector<std::string> moods;
@@ -98,7 +98,7 @@ void EnglishLexicalEntry::export_entry(std::ostream* pofs) {
     pofs->flush();
 }
 
-std::string EnglishLexicalEntry::to_string() {
+std::string EnglishLexicalEntry::to_string() const {
     std::ostringstream os;
     export_entry(&os);
     return os.str();

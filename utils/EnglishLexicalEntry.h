@@ -54,8 +54,8 @@ public:
 
     /// Writes one line of 15 tab-separated columns (see headline()) per mood of the entry, and flushes. An entry
     /// without lemma, word form or part of speech, and a null stream, write nothing.
-    void export_entry(std::ostream* pofs);
-    std::string to_string(); ///< what export_entry writes
+    void export_entry(std::ostream* pofs) const;
+    std::string to_string() const; ///< what export_entry writes
 
     /// The two comma lists as one, ascending and without repeats; equal lists and a lone one come back as they are.
     std::string combine(std::string l1, std::string l2) const;

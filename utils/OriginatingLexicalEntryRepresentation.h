@@ -14,7 +14,7 @@ namespace zelvor {
 
 /// True when no element of *a is in *b, and when either is null.
 template<typename T>
-bool intersection_empty(std::set<T>* a, std::set<T>* b) {
+bool intersection_empty(const std::set<T>* a, const std::set<T>* b) {
     return !a || !b || std::ranges::none_of(*a, [b](const T& value) { return b->contains(value); });
 }
 
@@ -86,20 +86,20 @@ public:
         return m_originating_source_pos.contains(str);
     }
 
-    bool intersection_empty_originating_lemmas(Values* other) {
+    bool intersection_empty_originating_lemmas(Values* other) const {
         return intersection_empty(&m_originating_lemmas, other);
     }
-    bool intersection_empty_originating_word_forms(Values* other) {
+    bool intersection_empty_originating_word_forms(Values* other) const {
         return intersection_empty(&m_originating_word_forms, other);
     }
-    bool intersection_empty_originating_pos(Values* other) { return intersection_empty(&m_originating_pos, other); }
-    bool intersection_empty_originating_source_lemmas(Values* other) {
+    bool intersection_empty_originating_pos(Values* other) const { return intersection_empty(&m_originating_pos, other); }
+    bool intersection_empty_originating_source_lemmas(Values* other) const {
         return intersection_empty(&m_originating_source_lemmas, other);
     }
-    bool intersection_empty_originating_source_word_forms(Values* other) {
+    bool intersection_empty_originating_source_word_forms(Values* other) const {
         return intersection_empty(&m_originating_source_word_forms, other);
     }
-    bool intersection_empty_originating_source_pos(Values* other) {
+    bool intersection_empty_originating_source_pos(Values* other) const {
         return intersection_empty(&m_originating_source_pos, other);
     }
 

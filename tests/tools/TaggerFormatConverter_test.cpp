@@ -53,43 +53,6 @@ TEST_F(Converter, WritesTokensAndSeparators) {
     EXPECT_EQ(convert(file, lexicon + ".missing"), report("a.xml", ", $,\n. $.\n"));
 }
 
-TEST_F(Converter, WalksTreesAndTellsWhatItPassesOver) {
-    const std::string sentence = "<s><c>,</c></s>";
-    directory.write("t/1/2/.x.tei", sentence);
-    EXPECT_EQ(convert(directory.path("t")), report("t/1/2/.x.tei", ", $,\n"));
-    directory.write("u/a.TEI", sentence);
-    EXPECT_EQ(convert(directory.path("u")), "input filename: " + directory.path("u/a.TEI") + "\n");
-    std::filesystem::create_directory_symlink(directory.path("t"), directory.path("link"));
-    EXPECT_EQ(convert(directory.path("link")), "input filename: " + directory.path("link") + "\n");
-}
-
-TEST_F(Converter, FilesThatCannotBeParsedYieldNothingAndTheRestIsConverted) {
-    const std::string good = directory.write("good.xml", "<s><c>.</c></s>");
-    std::filesystem::create_directory(directory.path("d"));
-    std::filesystem::create_directory_symlink(directory.path("d"), directory.path("dir-link.xml"));
-    std::filesystem::create_symlink(directory.path("nowhere"), directory.path("dangling.xml"));
-    std::filesystem::create_symlink(good, directory.path("good-link.xml"));
-    ASSERT_EQ(mkfifo(directory.path("pipe.xml").c_str(), 0600), 0);
-    directory.write("empty.xml", "");
-    directory.write("blank.xml", " \n");
-    directory.write("truncated.xml", "<t><s><c>,</c></s><s><c>.</c>");
-    directory.write("encoding.xml", "<?xml version='1.0' encoding='no-such'?><s><c>,</c></s>");
-    directory.write("utf8.xml", "<t><s><c>,</c></s><s>\xFF<c>.</c></s></t>");
-    directory.write("latin1.xml", "<?xml version='1.0' encoding='ISO-8859-1'?><s><c>,</c>\xE4</s>");
-    using Row = std::pair<const char*, const char*>;
-    for (const auto& [name, tokens] :
-         {Row("missing.xml", ""), Row("dir-link.xml", ""), Row("dangling.xml", ""), Row("pipe.xml", ""),
-          Row("empty.xml", ""), Row("blank.xml", ""), Row("truncated.xml", ", $,\n"), Row("encoding.xml", ""),
-          Row("utf8.xml", ", $,\n"), Row("latin1.xml", ", $,\n"), Row("good-link.xml", ". $.\n")}) {
-        EXPECT_EQ(convert(directory.path(name)), report(name, tokens));
-        EXPECT_EQ(directory.read("out"), *tokens ? "\n" : "") << name;
-    }
-    // In one run, no faulty file repeats the sentences of the one before it.
-    std::filesystem::remove(directory.path("out"));
-    const std::string all = convert(directory.path());
-    EXPECT_EQ(directory.read("out"), "\n\n\n\n\n") << all;
-}
-
 TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
     directory.write("corpus/parts/in side.ent", "<c>,</c>");
     directory.write("corpus/parts/in.ent", "<c>,</c>");

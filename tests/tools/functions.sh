@@ -3,6 +3,9 @@
 # The program with a lexicon and without a report.
 t() { tei2crf -qq -l lexicon "$@"; }
 
+# The other program on one input, without its first line and what it complains of.
+c() { TaggerFormatConverter -i "$1" -o out 2>/dev/null | tail -n +2; }
+
 # lexicon_line ID LEMMA_POS POS
 lexicon_line() { echo "0#s#sp#3#l#src#$2#$1#w#9#10#11#12#13#14#15#16#$3#18#19#20#21"; }
 

@@ -1,4 +1,4 @@
-#include "utils/EnglishLexicalEntry.h"
+#include "utils/LexicalEntry.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +44,8 @@ TEST(EnglishLexicalEntry, ExportsOneLinePerMoodAndFeaturesByWordClass) {
                         "\tSINGULAR\t3\tPRESENT\tmotion\n";
         EXPECT_EQ(entry.to_string(), expected);
     }
-    EXPECT_EQ(EnglishLexicalEntry("walk", "walks", "").to_string() + EnglishLexicalEntry().to_string(), "");
+    EXPECT_EQ(EnglishLexicalEntry("walk", "walks", "").to_string() + EnglishLexicalEntry("", "walks", "V").to_string(),
+              "");
     walks().export_entry(nullptr);
 }
 
@@ -56,6 +57,7 @@ TEST(EnglishLexicalEntry, MissingColumnsAreEmptiedAndResetKeepsWhatItDoesNotName
     entry.reset();
     EXPECT_EQ(summary(entry), "||VB|VBZ|||F|||||motion|s");
     entry.set_suffix2("ks");
+    EXPECT_EQ(entry.get_longest_suffix(), "ks");
     entry.set_suffix3("lks");
     EXPECT_EQ(entry.get_longest_suffix(), "lks");
 }
@@ -79,13 +81,15 @@ TEST(EnglishLexicalEntry, MergeComparesMoreWhenExtended) {
 }
 
 TEST(EnglishLexicalEntry, MergeComparesSpelledOutFormsAndCombinesSomeFeatures) {
-    EnglishLexicalEntry stored("walk", "walks", "VBZ"), incoming = walks(7, "GENITIVE,DATIVE"); // "-s" and "walks"
+    LexicalEntry stored; // "walks", as it stands in the line; the other one is "-s"
+    stored.parse_latin(" # # # #walk# # # #walks# # # # # # # # #VBZ# # # # ");
+    EnglishLexicalEntry incoming = walks(7, "GENITIVE,DATIVE");
     incoming.insert_originating_lemmas("o1");
     incoming.insert_originating_wordforms("o2");
     incoming.insert_originating_pos("o3");
     std::vector<BaseLexicalEntry*> entries;
     std::multimap<std::string, BaseLexicalEntry*> by_lemma;
-    stored.merge(entries, by_lemma, false);
+    stored.EnglishLexicalEntry::merge(entries, by_lemma, false);
     stored.set_case("NOMINATIVE,DATIVE");
     stored.set_semtype("act");
     EXPECT_FALSE(incoming.merge(entries, by_lemma, false));
@@ -95,7 +99,8 @@ TEST(EnglishLexicalEntry, MergeComparesSpelledOutFormsAndCombinesSomeFeatures) {
     EXPECT_TRUE(stored.contains_originating_lemmas("o1") && stored.contains_originating_word_forms("o2") &&
                 stored.contains_originating_pos("o3") && stored.contains_originating_source_word_forms("w2") &&
                 stored.contains_originating_source_lemmas("l") && stored.contains_originating_source_pos("p"));
-    EXPECT_EQ(stored.combine("b,a", "b,a") + stored.combine("x", ""), "b,ax"); // equal lists keep their order
+    EXPECT_EQ(stored.combine("b,a", "b,a") + stored.combine("b,a", "") + stored.combine("", "b,a"),
+              "b,ab,ab,a"); // equal lists keep their order
 }
 
 } // namespace

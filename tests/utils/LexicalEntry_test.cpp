@@ -29,10 +29,10 @@ std::string exported(LexicalEntry& entry) {
 
 TEST(LatinLine, EveryFieldHasItsPlace) {
     LexicalEntry entry;
-    entry.parse_latin(line_of(32, {{16, "SECOND_PERSON"}, {22, ",a,,b"}, {7, " 123 "}}));
+    entry.parse_latin(line_of(32, {{16, "SECOND_PERSON"}, {22, ",a,,b"}, {7, " 123 "}, {9, "a\tb"}}));
     EXPECT_EQ(entry.get_superlemma() + entry.get_lemma() + entry.get_word_form() + entry.get_lemma_source(),
               "f1f4f8f30"); // names that the columns stand for
-    std::string expected = line_of(31, {{16, "PERSON_2"}, {22, "a,b"}, {7, "123"}});
+    std::string expected = line_of(31, {{16, "PERSON_2"}, {22, "a,b"}, {7, "123"}, {9, "a\tb"}});
     for (std::size_t at = 0; (at = expected.find('#', at)) != std::string::npos; at += 2)
         expected.insert(at, "\t");
     EXPECT_EQ(exported(entry), expected + "\n");
@@ -43,25 +43,26 @@ TEST(LatinLine, EveryFieldHasItsPlace) {
 
 TEST(LatinLine, TaggerReadersTakeLessAndTellGerunds) {
     LexicalEntry tagger, reduced, full;
-    const std::string line = line_of(31, {{14, "GERUNDIVE"}, {17, "ADJ"}});
+    const std::string line = line_of(31, {{14, "GERUNDIVE"}, {16, "THIRD_PERSON"}, {17, "ADJ"}});
     full.parse_latin(line);
     tagger.parse_latin_tagger(line);
     reduced.parse_latin_tagger_reduced(line);
     EXPECT_EQ(full.get_pos(), "ADJ");
     EXPECT_EQ(exported(tagger),
-              "\t#f1\t#f2\t#\t#f4\t#\t#f6\t#f7\t#f8\t#f9\t#f10\t#\t#\t#f13\t#GERUNDIVE\t#f15\t#f16\t#V"
+              "\t#f1\t#f2\t#\t#f4\t#\t#f6\t#f7\t#f8\t#f9\t#f10\t#\t#\t#f13\t#GERUNDIVE\t#f15\t#PERSON_3\t#V"
               "\t#\t#f19\t#\t#f21\t#\t#\t#\t#\t#\t#\t#\t#\t#\n");
     EXPECT_EQ(exported(reduced), "\t#f1\t#f2\t#\t#f4\t#\t#f6\t#f7\t#f8\t#f9\t#\t#\t#\t#\t#\t#\t#\t#ADJ"
                                  "\t#\t#\t#\t#\t#\t#\t#\t#\t#\t#\t#\t#\t#\n");
-    // The reduced reader empties what an earlier line has left.
-    full.parse_latin_tagger_reduced(line_of(18));
-    EXPECT_EQ(full.get_mood() + full.get_tense() + full.get_voice() + full.get_gender(), "");
+    full.parse_latin_tagger_reduced(line_of(18)); // empties some of what an earlier line has left
+    EXPECT_EQ(exported(full), "f0\t#f1\t#f2\t#f3\t#f4\t#f5\t#f6\t#f7\t#f8\t#f9\t#\t#f11\t#f12\t#\t#\t#\t#\t#f17"
+                              "\t#f18\t#\t#f20\t#\t#f22\t#f23\t#f24\t#f25\t#f26\t#f27\t#f28\t#f29\t#f30\n");
 }
 
 TEST(LatinLine, ShortLinesThrowAfterWhatTheyHold) {
     LexicalEntry entry("old", "older", "OLD");
+    entry.set_superlemma("oldest");
     EXPECT_THROW(entry.parse_latin(""), std::out_of_range);
-    EXPECT_EQ(entry.get_lemma() + entry.get_word_form() + entry.get_pos(), "");
+    EXPECT_EQ(entry.get_lemma() + entry.get_word_form() + entry.get_pos() + entry.get_superlemma(), "");
     EXPECT_THROW(entry.parse_latin(line_of(21, {{16, "FIRST_PERSON"}})), std::out_of_range);
     EXPECT_EQ(entry.get_word_form_id() + entry.get_pos() + entry.get_person(), "f7f17PERSON_1");
     EXPECT_THROW(entry.parse_latin_tagger_reduced(line_of(17)), std::out_of_range);

@@ -18,6 +18,8 @@ TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
           Row({{"b", 0.9}}, "c", 0.9, {{"b", 0.9}, {"c", 0.9}}),
           Row({{"b", 0.9}, {"a", 0.3}}, "a", 0.95, {{"a", 0.95}, {"b", 0.9}}),
           Row({{"b", 0.9}, {"c", 0.4}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}),
+          Row({{"b", 0.9}, {"c", 0.4}, {"a", 0.1}}, "a", 0.5, {{"b", 0.9}, {"a", 0.5}, {"c", 0.4}}),
+          Row({{"a", 0.5}}, "a", std::nan(""), {{"a", 0.5}}),
           Row({{"b", 0.4}, {"a", 0.1}, {"a", 0.2}}, "a", 0.5, {{"a", 0.5}, {"b", 0.4}, {"a", 0.2}})}) {
         WordFormContainer container;
         for (const auto& candidate : before)
@@ -32,6 +34,8 @@ TEST(WordFormContainer, MergingKeepsTheBestScorePerLemmaInDescendingOrder) {
     EXPECT_EQ((container.end_predicted_lemmas() - 1)->first, long_lemma);
     container.merge_max_predicted_lemmas((container.end_predicted_lemmas() - 1)->first, 0.75); // of the list itself
     EXPECT_EQ(container.begin_predicted_lemmas()->first, long_lemma);
+    container.remove_predicted_lemmas();
+    EXPECT_EQ(container.begin_predicted_lemmas(), container.end_predicted_lemmas());
 }
 
 TEST(WordFormContainer, AskingForAFeatureEntersItAndACopyOwnsNoEmbeddings) {

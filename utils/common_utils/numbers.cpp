@@ -32,7 +32,8 @@ double convert_string_to_double(const std::string& s) {
 double convert_ustring_to_double(Glib::ustring s) { return convert_string_to_double(s.raw()); }
 
 void increase_hash_value(std::map<std::string, int>& pmap, const std::string& str, int increase) {
-    pmap[str] += increase;
+    int& value = pmap[str];
+    value = static_cast<int>(static_cast<unsigned int>(value) + static_cast<unsigned int>(increase)); // wraps around
 }
 
 void increase_hash_value(std::map<std::string, int>* pmap, const std::string& str, int increase) {

@@ -24,7 +24,7 @@ using IndexEntry = std::unique_ptr<Index, decltype(&free_index)>;
 using SynsetRecord = std::unique_ptr<Synset, decltype(&free_synset)>;
 
 bool is_possible_word(const std::string& word, int pos) {
-    return pos >= NOUN && pos <= ADV && word.size() <= MAX_WORD_BYTES;
+    return pos >= NOUN && pos <= ADV && word.size() <= MAX_WORD_BYTES && word.find('\0') == std::string::npos;
 }
 
 IndexEntry look_up(std::string word, int pos) {

@@ -4,15 +4,24 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <locale>
+
 namespace zelvor {
+
+struct CommaAsPoint : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
 
 TEST(Numbers, DoublesAsAClassicStreamReadsThemAndLists) {
     using Row = std::pair<const char*, double>;
+    const std::locale before = std::locale::global(std::locale(std::locale(), new CommaAsPoint));
     for (const auto& [text, expected] :
          {Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("nan", 0.0), Row("0x10", 0.0), Row(".5", 0.5)}) {
         EXPECT_EQ(convert_string_to_double(text), expected) << text;
         EXPECT_EQ(convert_ustring_to_double(text), expected) << text;
     }
+    std::locale::global(before);
     std::vector<int> values{7};
     parse_numbers("3,x,,-2", ",", values);
     std::set<int> set{1};
@@ -31,6 +40,8 @@ TEST(Numbers, CountsFromAFile) {
     increase_hash_value(counts, "k", 2);
     increase_hash_value(&counts, "new", 5);
     EXPECT_EQ(counts["k"] + counts["new"], 8);
+    increase_hash_value(counts, "k", INT_MAX);
+    EXPECT_EQ(counts["k"], INT_MIN + 2);
 }
 
 } // namespace zelvor

@@ -9,22 +9,23 @@ namespace zelvor {
 TEST(WordClasses, TagsAndModalsMatchAsAWhole) {
     std::string classes;
     for (const std::string word :
-         {"NE", "NP", "N", "NN", "JJ", "ADJ", "V", "VB", "should", "wilt", "", "n", "NNS", "Must"})
+         {"NE",   "NP",    "N",     "NN",   "JJ",    "ADJ",  "V",     "VB",   "can", "could", "should", "may",
+          "will", "would", "ought", "wilt", "might", "must", "shall", "need", "",    "n",     "NNS",    "Must"})
         classes += is_noun(word) ? 'n' : is_adjective(word) ? 'a' : is_verb(word) ? 'v' : is_modal(word) ? 'm' : '-';
-    EXPECT_EQ(classes, "nnnnaavvmm----");
+    EXPECT_EQ(classes, "nnnnaavvmmmmmmmmmmmm----");
 }
 
 TEST(WordClasses, NumbersAndLetters) {
     const std::pair<std::string, std::vector<std::string>> rows[] = {
-        {"rcl", {"XIII", "MCMXC", "ix", "MMMMMDCCCLXXXVIII"}},
+        {"rcl", {"XXX", "CD", "XL", "XIII", "MCMXC", "ix", "MMMMMDCCCLXXXVIII"}},
         {"rc", {"", "ı"}}, // whose capital is I
         {"ol", {"XII.", "xiii."}},
         {"o", {"."}},
         {"oc", {"3.", "-2."}},
-        {"c", {"0.5"}},
-        {"cl", {"7up"}},
+        {"c", {"0.5", "-0.5"}},
+        {"cl", {"7up", "2eggs"}},
         {"", {"0.", "@[`{é", "λ."}},
-        {"l", {"XIV", "IIX", "XIV.", "nan", "XIII\0"s, "ix\xFF", "λA"}}};
+        {"l", {"XIV", "IIII", "Z", "a", "z", "IIX", "XIV.", "nan", "XIII\0"s, "ix\xFF", "λA"}}};
     for (const auto& [expected, words] : rows) // Roman, ordinal, cardinal, with Latin letters
         for (const std::string& word : words)
             EXPECT_EQ((is_latin_number(word) ? "r"s : "") + (is_odinal_number(word, "la") ? "o" : "") +
