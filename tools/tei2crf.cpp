@@ -49,7 +49,7 @@ class Console {
 public:
     explicit Console(bool with_progress) : m_with_progress(with_progress) {}
 
-    void say(const std::string& message) {
+    void say(std::string_view message) {
         clear();
         std::cerr << message << '\n';
     }
@@ -83,12 +83,22 @@ bool status_of_output(const std::string& path, struct stat& status) {
     return (descriptor >= 0 ? fstat(descriptor, &status) : stat(path.c_str(), &status)) == 0;
 }
 
+bool is_same_regular(const struct stat& status1, const struct stat& status2) {
+    return status1.st_dev == status2.st_dev && status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
+}
+
 bool is_same_file(const std::string& output, const std::string& input) {
     struct stat status1 {
     }, status2{};
     const bool is_read = (input == "-" ? fstat(STDIN_FILENO, &status2) : stat(input.c_str(), &status2)) == 0;
-    return is_read && status_of_output(output, status1) && status1.st_dev == status2.st_dev &&
-           status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
+    return is_read && status_of_output(output, status1) && is_same_regular(status1, status2);
+}
+
+bool is_same_output(const std::string& output1, const std::string& output2) {
+    struct stat status1 {
+    }, status2{};
+    return status_of_output(output1, status1) && status_of_output(output2, status2) &&
+           is_same_regular(status1, status2);
 }
 
 class Conversion {
@@ -183,7 +193,7 @@ void Conversion::check_outputs() const {
         check(document);
     const int report_descriptor = OutputFile::descriptor_of(report), descriptor = OutputFile::descriptor_of(output);
     if (!report.empty() &&
-        (report_descriptor >= 0 || descriptor >= 0 ? report_descriptor == descriptor
+        (report_descriptor >= 0 || descriptor >= 0 ? report_descriptor == descriptor || is_same_output(report, output)
                                                    : OutputFile::target_of(report) == OutputFile::target_of(output)))
         throw WrongUsage("one file for output and report: " + report);
 }

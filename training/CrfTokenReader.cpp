@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <utility>
 
 #include <fcntl.h>
@@ -57,6 +58,8 @@ CrfTokenReader* current_reader = nullptr;
 
 std::string_view as_text(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
 
+bool is_lack_of_memory(const xmlError* error) { return error && error->code == XML_ERR_NO_MEMORY; }
+
 /// Gathers, while it lives, the messages of the XML library that belong to no parser, such as of a failed read.
 class MessageCollector {
 public:
@@ -69,6 +72,7 @@ public:
     MessageCollector& operator=(const MessageCollector&) = delete;
 
     std::string text() const { return std::string(trimmed(m_text)); }
+    bool tells_lack_of_memory() const { return m_tells_lack_of_memory; }
 
 private:
     static constexpr std::size_t MAX_BYTES = 1000;
@@ -80,11 +84,15 @@ private:
         va_start(arguments, format);
         std::vsnprintf(piece.data(), piece.size(), format, arguments);
         va_end(arguments);
-        if (std::string& text = static_cast<MessageCollector*>(collector)->m_text; text.size() < MAX_BYTES)
-            text += piece.data();
+        auto& messages = *static_cast<MessageCollector*>(collector);
+        if (is_lack_of_memory(xmlGetLastError()))
+            messages.m_tells_lack_of_memory = true;
+        if (messages.m_text.size() < MAX_BYTES)
+            messages.m_text += piece.data();
     }
 
     std::string m_text;
+    bool m_tells_lack_of_memory = false;
 };
 
 } // namespace
@@ -171,7 +179,9 @@ void CrfTokenReader::parse(const std::string& path, std::string fault, const std
         } catch (const Glib::Exception& error) {
             fault = error.what().raw();
         }
-        if (const std::string text = messages.text(); !text.empty())
+        if (messages.tells_lack_of_memory() && !m_thrown)
+            m_thrown = std::make_exception_ptr(std::bad_alloc());
+        else if (const std::string text = messages.text(); !text.empty())
             fault = text;
     }
     if (!fault.empty())
@@ -220,10 +230,16 @@ void CrfTokenReader::on_error(const Glib::ustring& text) {
     m_current = faulty_context();
     const xmlError* const error = xmlGetLastError();
     const bool is_fatal = error && error->level == XML_ERR_FATAL;
-    if (!m_thrown && (!m_has_error || (is_fatal && !m_has_fatal_error))) {
-        m_has_error = true;
-        m_has_fatal_error = is_fatal;
-        fault(place(), std::string(trimmed(text.raw())));
+    try { // what leaves this would stop the parser, where it may read on in a text that stopping has freed
+        if (is_lack_of_memory(error) && !m_thrown)
+            throw std::bad_alloc();
+        if (!m_thrown && (!m_has_error || (is_fatal && !m_has_fatal_error))) {
+            m_has_error = true;
+            m_has_fatal_error = is_fatal;
+            fault(place(), std::string(trimmed(text.raw())));
+        }
+    } catch (...) {
+        m_thrown = std::current_exception();
     }
     stop_costly_errors();
 }

@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <iostream>
+#include <new>
 #include <set>
 
 namespace zelvor {
@@ -121,8 +122,11 @@ void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
     stop_costly_errors();
     if (!m_pmain_cat)
         return;
-    m_pmain_cat->error(std::string("Error occurred during parsing! "));
-    m_pmain_cat->error(text.raw());
+    try {
+        m_pmain_cat->error(std::string("Error occurred during parsing! "));
+        m_pmain_cat->error(text.raw());
+    } catch (const std::bad_alloc&) { // would stop the parser, see stop_costly_errors
+    }
 }
 
 void CrfTrainingTeiSaxParser::on_fatal_error(const Glib::ustring& text) {

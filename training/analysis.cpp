@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <exception>
 #include <functional>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -24,17 +25,26 @@ Analysis extract(const Json::Value& root) {
     return {Analysis::Outcome::FOUND, id.asInt(), lemma["name"].asString()};
 }
 
+/// The JSON library tells it in two ways. No text is at fault then.
+void throw_lack_of_memory(const std::exception& error) {
+    if (dynamic_cast<const std::bad_alloc*>(&error) ||
+        std::string_view(error.what()).find("Failed to allocate") != std::string_view::npos)
+        throw std::bad_alloc();
+}
+
 Analysis parse(Json::Reader& json_reader, const std::string& json) {
     Json::Value root;
     try {
         if (!json_reader.parse(json, root))
             return {Analysis::Outcome::UNPARSABLE, 0, ""};
-    } catch (const std::exception&) { // nested too deeply
+    } catch (const std::exception& error) { // nested too deeply
+        throw_lack_of_memory(error);
         return {Analysis::Outcome::UNPARSABLE, 0, ""};
     }
     try {
         return extract(root);
-    } catch (const std::exception&) { // a member of another type
+    } catch (const std::exception& error) { // a member of another type
+        throw_lack_of_memory(error);
         return {Analysis::Outcome::WRONG_SHAPE, 0, ""};
     }
 }
@@ -54,7 +64,7 @@ AnalysisReader::Known* AnalysisReader::Generation::find(std::size_t hash, const 
 }
 
 const Analysis& AnalysisReader::Generation::add(Known&& analysis) {
-    bytes += analysis.json.size() + sizeof(Known);
+    bytes += analysis.json.size() + analysis.analysis.lemma.size() + sizeof(Known);
     known.push_back(std::move(analysis));
     index.add([&](std::uint32_t number) { return known[number].hash; });
     return known.back().analysis;

@@ -35,7 +35,7 @@ void unwrap_analysis(std::string& json);
 /// there is room for, those that came up again stay.
 class AnalysisReader {
 public:
-    /// The result is valid until the next call. Never throws on any text.
+    /// The result is valid until the next call. Throws on no text; std::bad_alloc.
     const Analysis& read(Json::Reader& json_reader, const std::string& json);
 
 private:

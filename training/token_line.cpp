@@ -7,7 +7,9 @@ namespace zelvor {
 namespace {
 
 /// Whether a breaking character can begin with this byte.
-bool may_break(char c) { return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '\xC2' || c == '\xE2'; }
+bool may_break(char c) {
+    return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '\xC2' || c == '\xE2' || c == '\xED';
+}
 
 bool is_breaking(std::string_view column) {
     if (column.empty())
@@ -44,6 +46,8 @@ std::size_t breaking_character(std::string_view text, std::size_t position) {
         return 1;
     if (first == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) // U+0080 to U+009F
         return 2;
+    if (first == 0xED && byte(1) >= 0xA0) // a surrogate, which JSON can name
+        return byte(2) == 0 ? 2 : 3;
     return first == 0xE2 && byte(1) == 0x80 && (byte(2) == 0xA8 || byte(2) == 0xA9) ? 3 : 0; // U+2028, U+2029
 }
 

@@ -31,8 +31,8 @@ enum class TokenLineOutcome {
 TokenLineOutcome append_token_line(std::string& lines, const TokenLineFormat& format, std::string_view form,
                                    std::string_view lemma, std::string_view pos);
 
-/// Bytes that the character at `position` has when it is white space in a trainer's eyes, a control character or a line
-/// separator; 0 for any other.
+/// Bytes that the character at `position` has when it is white space in a trainer's eyes, a control character, a line
+/// separator or a lone surrogate; 0 for any other.
 std::size_t breaking_character(std::string_view text, std::size_t position);
 
 } // namespace zelvor

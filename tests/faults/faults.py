@@ -231,15 +231,16 @@ def tei2crf_memory():
             same(json.load(report)["tokens"]["written"], 0 if child.returncode else count)
         seen.add(child.returncode)
     same(seen, {0, 1})
-    write("word.xml", f'<s><w lemma="{ANALYSIS}">' + "y" * 11000000 + "</w></s>")
-    for kilobytes in range(0, 16000, 500):
-        write("out", "old")
-        limits = [(resource.RLIMIT_AS, least + kilobytes * 1024)]
-        child = tei2crf("word.xml", "-o", "out", limits=limits)
-        if child.wait(TIMEOUT) == 0:
-            same(read("out"), "\n")
-        else:
-            keeps_old(child, 1, "", "tei2crf: out of memory\n")
+    for text in (f'<w lemma="{ANALYSIS}">' + "y" * 11000000 + "</w>", "<!--" + "y" * 9000000 + "-->"):
+        write("large.xml", f"<s>{text}</s>")
+        for kilobytes in range(0, 16000, 500):
+            write("out", "old")
+            limits = [(resource.RLIMIT_AS, least + kilobytes * 1024)]
+            child = tei2crf("large.xml", "-o", "out", limits=limits)
+            if child.wait(TIMEOUT) == 0:
+                same(read("out"), "\n")
+            else:
+                keeps_old(child, 1, "", "tei2crf: out of memory\n")
 
 
 @row("limits")
@@ -268,8 +269,8 @@ def begin_output(*arguments):
 
 @row("main")
 def tei2crf_signals():
-    """tei2crf: SIGHUP, SIGINT, SIGQUIT, SIGTERM or SIGXCPU"""
-    for number in SIGNALS + (signal.SIGXCPU,):
+    """tei2crf: SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2 or SIGXCPU"""
+    for number in SIGNALS + (signal.SIGUSR1, signal.SIGUSR2, signal.SIGXCPU):
         child = begin_output()
         child.send_signal(number)
         keeps_old(child, -number, "", "")

@@ -46,6 +46,19 @@ void forget(const std::string& name) {
             *known = '\0';
 }
 
+constexpr int MAX_LINKS = 40; // as the system follows
+
+/// Puts what a link names in place of its path; false where it is none.
+bool follow_link(std::string& path) {
+    std::array<char, PATH_MAX> link{};
+    const ssize_t length = readlink(path.c_str(), link.data(), link.size());
+    if (length <= 0)
+        return false;
+    const std::string next(link.data(), static_cast<std::size_t>(length));
+    path = next.starts_with('/') ? next : path.substr(0, path.rfind('/') + 1) + next;
+    return true;
+}
+
 mode_t default_mode() {
     const mode_t mask = umask(0);
     umask(mask);
@@ -55,34 +68,34 @@ mode_t default_mode() {
 } // namespace
 
 int OutputFile::descriptor_of(const std::string& path) {
-    if (path.empty() || path == "-" || path == "/dev/stdout")
+    if (path.empty() || path == "-")
         return STDOUT_FILENO;
-    if (path == "/dev/stderr")
-        return STDERR_FILENO;
-    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
-        const std::string_view number = std::string_view(path).substr(std::min(folder.size(), path.size()));
+    const std::string descriptors[] = {real_path("/proc/self/fd"), real_path("/proc/thread-self/fd")};
+    std::string place = path; // under which of its names ever
+    for (int links = 0; links < MAX_LINKS; ++links) {
+        const std::size_t slash = place.rfind('/') + 1;
+        const std::string folder = real_path(slash == 0 ? "." : place.substr(0, slash));
+        const char* const end = place.data() + place.size();
         int descriptor = -1;
-        if (path.starts_with(folder) && std::from_chars(number.data(), number.data() + number.size(), descriptor).ptr ==
-                                            number.data() + number.size())
+        if (!folder.empty() && std::ranges::find(descriptors, folder) != std::end(descriptors) &&
+            std::from_chars(place.data() + slash, end, descriptor).ptr == end)
             return descriptor;
+        if (!follow_link(place))
+            return -1;
     }
     return -1;
 }
 
 std::string OutputFile::target_of(const std::string& path) {
     std::string target = path;
-    for (int links = 0; links < 40; ++links) {
+    for (int links = 0; links < MAX_LINKS; ++links) {
         if (std::string real = real_path(target); !real.empty())
             return real;
-        const std::size_t slash = target.rfind('/') + 1;
-        std::array<char, PATH_MAX> link{};
-        const ssize_t length = readlink(target.c_str(), link.data(), link.size());
-        if (length <= 0) { // nothing there yet
+        if (!follow_link(target)) { // nothing there yet
+            const std::size_t slash = target.rfind('/') + 1;
             const std::string folder = real_path(slash == 0 ? "." : target.substr(0, slash));
             return folder.empty() ? target : (folder == "/" ? "" : folder) + "/" + target.substr(slash);
         }
-        const std::string next(link.data(), static_cast<std::size_t>(length));
-        target = next.starts_with('/') ? next : target.substr(0, slash) + next;
     }
     return path;
 }
@@ -92,7 +105,7 @@ OutputFile::OutputFile(const std::string& path) : m_path(path.empty() || path ==
     struct stat status {};
     if (const int descriptor = descriptor_of(path); descriptor >= 0)
         m_descriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    else if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+    else if (stat(path.c_str(), &status) != 0 ? errno == ELOOP : !S_ISREG(status.st_mode))
         m_descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     else
         open_temporary();
@@ -183,7 +196,8 @@ void remove_temporaries_on_signals() {
     struct sigaction action {};
     action.sa_handler = remove_temporaries;
     action.sa_flags = static_cast<int>(SA_RESETHAND);
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGXCPU}) {
+    for (const int signal :
+         {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM, SIGPROF, SIGXCPU}) {
         struct sigaction current {};
         if (sigaction(signal, nullptr, &current) == 0 && current.sa_handler != SIG_IGN) // as under nohup
             sigaction(signal, &action, nullptr);

@@ -21,7 +21,7 @@ public:
     /// Ends a run that is given up: false where there will be no file, true where what was written stays.
     bool give_up();
 
-    /// The descriptor that a path stands for ("-", /dev/stdout, /dev/fd/N), or -1.
+    /// The descriptor that a path stands for ("-", /dev/stdout, /dev/fd/N, a link to one of them), or -1.
     static int descriptor_of(const std::string& path);
     /// The path of the file that would be written, without links, also where there is none yet.
     static std::string target_of(const std::string& path);
@@ -37,7 +37,8 @@ private:
     int m_descriptor = -1;
 };
 
-/// From now on the signals that users and limits send (SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGXCPU) end the
+/// From now on the signals that users and limits send (SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM,
+/// SIGVTALRM, SIGPROF, SIGXCPU) end the
 /// process as ever, but without the temporaries.
 void remove_temporaries_on_signals();
 
