@@ -92,7 +92,9 @@ public:
     bool intersection_empty_originating_word_forms(Values* other) const {
         return intersection_empty(&m_originating_word_forms, other);
     }
-    bool intersection_empty_originating_pos(Values* other) const { return intersection_empty(&m_originating_pos, other); }
+    bool intersection_empty_originating_pos(Values* other) const {
+        return intersection_empty(&m_originating_pos, other);
+    }
     bool intersection_empty_originating_source_lemmas(Values* other) const {
         return intersection_empty(&m_originating_source_lemmas, other);
     }
