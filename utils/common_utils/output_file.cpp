@@ -68,7 +68,7 @@ mode_t default_mode() {
 } // namespace
 
 int OutputFile::descriptor_of(const std::string& path) {
-    if (path.empty() || path == "-")
+    if (path.empty() || path == "-" || path == "/dev/stdout") // the last also where there is no /proc
         return STDOUT_FILENO;
     const std::string descriptors[] = {real_path("/proc/self/fd"), real_path("/proc/thread-self/fd")};
     std::string place = path; // under which of its names ever
