@@ -38,8 +38,7 @@ private:
 };
 
 /// From now on the signals that users and limits send (SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM,
-/// SIGVTALRM, SIGPROF, SIGXCPU) end the
-/// process as ever, but without the temporaries.
+/// SIGVTALRM, SIGPROF, SIGXCPU) end the process as ever, but without the temporaries.
 void remove_temporaries_on_signals();
 
 /// A standard stream that the caller has closed must not become the descriptor of another file; reading or writing it
