@@ -97,7 +97,7 @@ private:
     bool m_has_error = false;  ///< of its XML, told
     bool m_has_fatal_error = false;
     _xmlParserCtxt* m_current = nullptr; ///< the document's or an entity's parser, within what it calls
-    std::exception_ptr m_thrown;         ///< by the listener, on its way through the XML library
+    std::exception_ptr m_thrown;         ///< by the listener or for lack of memory, on its way out of the XML library
 };
 
 /// "FILE:LINE", or what of it there is; `document` where the place names no file.
