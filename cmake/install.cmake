@@ -21,7 +21,7 @@ install(TARGETS zelvor_converter EXPORT zelvor-converter
 install(DIRECTORY tools training utils
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor COMPONENT development
     FILES_MATCHING PATTERN "*.h"
-    PATTERN "tools/tei*" EXCLUDE # of a program; the others are the library's own
+    PATTERN "tei2crf*" EXCLUDE # of a program; the others are the library's own
     PATTERN "ArpaReader.h" EXCLUDE
     PATTERN "LexicalEntry_tables.h" EXCLUDE
     PATTERN "heap_maps.h" EXCLUDE)

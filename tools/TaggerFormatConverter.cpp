@@ -1,7 +1,7 @@
 #include "tools/TaggerFormatConverter.h"
 
-#include "tools/tei_inputs.h"
 #include "training/CrfTrainingTeiSaxParser.h"
+#include "training/tei_inputs.h"
 #include "utils/LexicalEntry.h"
 #include "utils/common_utils/entity_guard.h"
 #include "utils/common_utils/text.h"

@@ -3,8 +3,11 @@
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
+#include <functional>
 #include <iostream>
 #include <iterator>
+#include <map>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 
@@ -14,20 +17,47 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::string_view USAGE = "usage: tei2crf -l LEXICON [-o OUT] [OPTION]... INPUT...\n";
+constexpr std::string_view USAGE = "usage: tei2crf [-l LEXICON] [-o OUT] [OPTION]... INPUT...\n"
+                                   "       tei2crf --survey INPUT...\n";
 
 constexpr std::string_view HELP =
     R"(Writes the training data of a sequence tagger: a line a token, an empty line after each sentence.
 
 INPUT is a TEI file, a folder of .tei and .xml files at any depth, or - for one document on standard input.
-The files are read in the order of their paths.
+The files are read in the order of their paths. --survey tells what is in them, and which options fit.
 
-  -l, --lexicon=FILE       the lexicon, a line an analysed word form; required
+Annotation is read from attributes; with -l it comes from a lexicon, by the ids in the JSON of lemma attributes.
+
+  -l, --lexicon=FILE       the lexicon, a line an analysed word form
   -o, --output=FILE        write to FILE, which appears when it is complete; default: standard output
-      --columns=LIST       form, lemma and pos in any order, separated by commas; default: form,pos
+
+Elements, by their names without prefix, several separated by commas:
+      --sentence=NAMES     sentences; default: s
+      --word=NAMES         words; default: w
+      --punctuation=NAMES  punctuation; default: pc,c, with -l: c
+      --skip=NAMES *       passed over with all they hold; default: note,fw,del,gap,teiHeader
+      --choice=WHICH *     of a choice, regular (corr, reg, expan) or original (sic, orig, abbr); default: regular
+      --break=MARKS *      a token that is one of these characters ends its sentence; default: none
+
+Values, from the first SOURCE that is there, several separated by commas. A SOURCE is an attribute, or
+ATTRIBUTE:KEY in one that holds KEY=VALUE|KEY=VALUE:
+      --form=SOURCES *     default: text,norm, where text is the text of the element
+      --lemma=SOURCES *    default: lemma
+      --pos=SOURCES *      default: pos,ana,msd:UPosTag,type
+      --upos=SOURCES *     default: msd:UPosTag
+      --feats=SOURCES *    default: msd, without UPosTag and XPosTag
+      --punctuation-tag=TAG *  of punctuation that has none; default: PUNCT
+      --map=FILE           rename tags: lines OLD, tab, NEW; OLD * is all others, an empty NEW leaves tokens out
+      --nfc                Unicode's normal form C
+
+Lines:
+      --columns=LIST       form, lemma, pos, upos, feats and @SOURCE, separated by commas; default: form,pos
       --separator=NAME     blank or tab, between the columns; default: blank
-      --on-bad-token=WHAT  a token that would break its line (white space, control characters, an empty column,
-                           overlong): drop it, replace the characters by "_", or fail; default: drop
+      --header             a first line with the names of the columns
+      --on-bad-token=WHAT  a token that would break its line (white space, control characters, overlong):
+                           drop it, replace the characters by "_", or fail; default: drop
+      --whole-sentences    only sentences of which no token is left out
+
       --hidden             read hidden files and folders below a folder too
       --strict             stop at the first fault
       --report=FILE        write the report as JSON, too
@@ -36,17 +66,61 @@ The files are read in the order of their paths.
   -h, --help               this text
   -V, --version            the version
 
-Exit status: 0 all well, 1 something could not be read or written or was malformed, 2 wrong usage.
+* not with -l
+
+Exit status: 0 all well, 1 something could not be read or written or was malformed, or no token came out,
+2 wrong usage.
 )";
 
-enum LongOption { COLUMNS = 256, SEPARATOR, ON_BAD_TOKEN, HIDDEN, STRICT, REPORT };
+enum LongOption {
+    COLUMNS = 256,
+    SEPARATOR,
+    ON_BAD_TOKEN,
+    HIDDEN,
+    STRICT,
+    REPORT,
+    SENTENCE,
+    WORD,
+    PUNCTUATION,
+    SKIP,
+    CHOICE,
+    BREAK,
+    FORM,
+    LEMMA,
+    POS,
+    UPOS,
+    FEATS,
+    PUNCTUATION_TAG,
+    MAP,
+    NFC,
+    HEADER,
+    WHOLE_SENTENCES,
+    SURVEY,
+};
 
 constexpr option OPTIONS[] = {
     {"lexicon", required_argument, nullptr, 'l'},
     {"output", required_argument, nullptr, 'o'},
+    {"sentence", required_argument, nullptr, SENTENCE},
+    {"word", required_argument, nullptr, WORD},
+    {"punctuation", required_argument, nullptr, PUNCTUATION},
+    {"skip", required_argument, nullptr, SKIP},
+    {"choice", required_argument, nullptr, CHOICE},
+    {"break", required_argument, nullptr, BREAK},
+    {"form", required_argument, nullptr, FORM},
+    {"lemma", required_argument, nullptr, LEMMA},
+    {"pos", required_argument, nullptr, POS},
+    {"upos", required_argument, nullptr, UPOS},
+    {"feats", required_argument, nullptr, FEATS},
+    {"punctuation-tag", required_argument, nullptr, PUNCTUATION_TAG},
+    {"map", required_argument, nullptr, MAP},
+    {"nfc", no_argument, nullptr, NFC},
     {"columns", required_argument, nullptr, COLUMNS},
     {"separator", required_argument, nullptr, SEPARATOR},
+    {"header", no_argument, nullptr, HEADER},
     {"on-bad-token", required_argument, nullptr, ON_BAD_TOKEN},
+    {"whole-sentences", no_argument, nullptr, WHOLE_SENTENCES},
+    {"survey", no_argument, nullptr, SURVEY},
     {"hidden", no_argument, nullptr, HIDDEN},
     {"strict", no_argument, nullptr, STRICT},
     {"report", required_argument, nullptr, REPORT},
@@ -57,42 +131,48 @@ constexpr option OPTIONS[] = {
     {nullptr, 0, nullptr, 0},
 };
 
+/// These are about annotation in attributes.
+constexpr int WITHOUT_LEXICON[] = {SKIP, CHOICE, BREAK, FORM, LEMMA, POS, UPOS, FEATS, PUNCTUATION_TAG};
+constexpr int WITH_SURVEY[] = {SURVEY, HIDDEN, SKIP, 'q'};
+
 template<typename Value>
 struct Choice {
     std::string_view name;
     Value value;
 };
 
-constexpr Choice<TokenLineFormat::Column> COLUMN_NAMES[] = {{"form", TokenLineFormat::Column::FORM},
-                                                            {"lemma", TokenLineFormat::Column::LEMMA},
-                                                            {"pos", TokenLineFormat::Column::POS}};
+constexpr Choice<bool> CHOICES[] = {{"regular", false}, {"original", true}};
 constexpr Choice<char> SEPARATORS[] = {{"blank", ' '}, {"tab", '\t'}};
-constexpr Choice<TokenLineFormat::BadToken> BAD_TOKENS[] = {{"drop", TokenLineFormat::BadToken::DROP},
-                                                            {"replace", TokenLineFormat::BadToken::REPLACE},
-                                                            {"fail", TokenLineFormat::BadToken::FAIL}};
+constexpr Choice<ConversionOptions::BadToken> BAD_TOKENS[] = {{"drop", ConversionOptions::BadToken::DROP},
+                                                              {"replace", ConversionOptions::BadToken::REPLACE},
+                                                              {"fail", ConversionOptions::BadToken::FAIL}};
 
-/// False for a name that is no choice.
+/// The value of this name. Throws std::invalid_argument, which names those that there are.
 template<typename Value, std::size_t N>
-bool choose(const Choice<Value> (&choices)[N], std::string_view name, Value& value) {
+Value choose(const Choice<Value> (&choices)[N], std::string_view name) {
     const auto found = std::ranges::find(choices, name, &Choice<Value>::name);
-    if (found == std::end(choices))
-        return false;
-    value = found->value;
-    return true;
+    if (found != std::end(choices))
+        return found->value;
+    std::string names;
+    for (const Choice<Value>& choice : choices)
+        names.append(names.empty() ? "" : ", ").append(choice.name);
+    throw std::invalid_argument("it is one of " + names);
 }
 
-bool read_columns(std::string_view list, std::vector<TokenLineFormat::Column>& columns) {
-    columns.clear();
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const std::size_t end = std::min(list.find(',', begin), list.size());
-        TokenLineFormat::Column column{};
-        if (!choose(COLUMN_NAMES, list.substr(begin, end - begin), column) ||
-            std::ranges::find(columns, column) != columns.end())
-            return false;
-        columns.push_back(column);
-        begin = end + 1;
+ConversionOptions::Names read_names(std::string_view list) {
+    ConversionOptions::Names names;
+    for (const std::string_view name : split_list(list)) {
+        if (name.empty() || name.find_first_of(": \t\r\n<>") != std::string_view::npos)
+            throw std::invalid_argument("names of elements, without prefix, separated by commas");
+        names.emplace_back(name);
     }
-    return true;
+    return names;
+}
+
+std::string read_path(const std::string& path) {
+    if (path.empty())
+        throw std::invalid_argument("the name of a file");
+    return path;
 }
 
 int complain(const std::string& message) {
@@ -112,56 +192,72 @@ int print(std::string_view text) {
     }
 }
 
-/// Applies one option; false after a complaint.
-bool apply(int key, Tei2crfOptions& options) {
-    const std::string value = optarg ? optarg : "";
-    bool is_known = true;
-    switch (key) {
-    case 'l':
-        options.lexicon = value;
-        break;
-    case 'o':
-        options.output = value;
-        is_known = !value.empty();
-        break;
-    case COLUMNS:
-        is_known = read_columns(value, options.format.columns);
-        break;
-    case SEPARATOR:
-        is_known = choose(SEPARATORS, value, options.format.separator);
-        break;
-    case ON_BAD_TOKEN:
-        is_known = choose(BAD_TOKENS, value, options.format.on_bad_token);
-        break;
-    case HIDDEN:
-        options.hidden = true;
-        break;
-    case STRICT:
-        options.strict = true;
-        break;
-    case REPORT:
-        options.report = value;
-        is_known = !value.empty() && value != "-";
-        break;
-    case 'v':
-        options.verbose = true;
-        break;
-    case 'q':
-        ++options.quiet;
-        break;
-    default: // getopt_long has complained
-        return false;
-    }
-    if (!is_known)
-        complain("wrong value of --" + std::string(std::ranges::find(OPTIONS, key, &option::val)->name) + ": '" +
-                 value + "'");
-    return is_known;
+std::string name_of(int key) { return std::ranges::find(OPTIONS, key, &option::val)->name; }
+
+/// Throws std::invalid_argument, which says what the value should be.
+void apply(int key, const std::string& value, Tei2crfOptions& options) {
+    using Use = ValueSources::Use;
+    ConversionTask& task = options.task;
+    ConversionOptions& conversion = task.options;
+    const std::map<int, std::function<void()>> actions{
+        {'l', [&] { task.lexicon = read_path(value); }},
+        {'o', [&] { task.output = read_path(value); }},
+        {'v', [&] { conversion.verbose = true; }},
+        {'q', [&] { ++options.quiet; }},
+        {SENTENCE, [&] { conversion.sentence = read_names(value); }},
+        {WORD, [&] { conversion.word = read_names(value); }},
+        {PUNCTUATION, [&] { conversion.punctuation = read_names(value); }},
+        {SKIP, [&] { conversion.skip = value.empty() ? ConversionOptions::Names() : read_names(value); }},
+        {CHOICE, [&] { conversion.original_choice = choose(CHOICES, value); }},
+        {BREAK, [&] { conversion.break_marks = value; }},
+        {FORM, [&] { conversion.form = ValueSources(value, Use::FORM); }},
+        {LEMMA, [&] { conversion.lemma = ValueSources(value, Use::OTHER); }},
+        {POS, [&] { conversion.pos = ValueSources(value, Use::OTHER); }},
+        {UPOS, [&] { conversion.upos = ValueSources(value, Use::OTHER); }},
+        {FEATS, [&] { conversion.feats = ValueSources(value, Use::FEATS); }},
+        {PUNCTUATION_TAG, [&] { conversion.punctuation_tag = value; }},
+        {MAP, [&] { task.map = read_path(value); }},
+        {NFC, [&] { conversion.nfc = true; }},
+        {COLUMNS, [&] { conversion.columns = read_columns(value); }},
+        {SEPARATOR, [&] { conversion.separator = choose(SEPARATORS, value); }},
+        {HEADER, [&] { conversion.header = true; }},
+        {ON_BAD_TOKEN, [&] { conversion.on_bad_token = choose(BAD_TOKENS, value); }},
+        {WHOLE_SENTENCES, [&] { conversion.whole_sentences = true; }},
+        {SURVEY, [&] { options.survey = true; }},
+        {HIDDEN, [&] { task.hidden = true; }},
+        {STRICT, [&] { conversion.strict = true; }},
+        {REPORT, [&] { task.report = value == "-" ? read_path("") : read_path(value); }},
+    };
+    actions.at(key)();
 }
 
-int check(const Tei2crfOptions& options) {
-    if (options.lexicon.empty())
-        return complain("no lexicon: option -l is missing");
-    if (options.inputs.empty())
+/// Applies one option; false after a complaint.
+bool read_option(int key, Tei2crfOptions& options) {
+    if (key == '?') // getopt_long has complained
+        return false;
+    const std::string value = optarg ? optarg : "";
+    try {
+        apply(key, value, options);
+        return true;
+    } catch (const std::invalid_argument& error) {
+        complain("wrong value of --" + name_of(key) + ": '" + value + "': " + error.what());
+        return false;
+    }
+}
+
+int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
+    const auto first_of = [&](auto is_wrong) {
+        const auto found = std::ranges::find_if(keys, is_wrong);
+        return found == keys.end() ? "" : name_of(*found);
+    };
+    const auto is_in = [](const auto& list, int key) { return std::ranges::find(list, key) != std::end(list); };
+    if (const std::string name = first_of([&](int key) { return is_in(WITHOUT_LEXICON, key); });
+        !options.task.lexicon.empty() && !name.empty())
+        return complain("--" + name + " goes without -l only: it is about annotation in attributes");
+    if (const std::string name = first_of([&](int key) { return !is_in(WITH_SURVEY, key); });
+        options.survey && !name.empty())
+        return complain("--" + name + " does not go with --survey: it writes nothing but what is in the files");
+    if (options.task.inputs.empty())
         return complain("no input: name a file, a folder, or - for standard input");
     return 0;
 }
@@ -170,18 +266,22 @@ int check(const Tei2crfOptions& options) {
 
 std::optional<Tei2crfOptions> read_tei2crf_options(int argc, char** argv, int& status) {
     Tei2crfOptions options;
+    std::vector<int> keys;
     status = 0;
     for (int key; status == 0 && (key = getopt_long(argc, argv, "l:o:vqhV", OPTIONS, nullptr)) != -1;) {
-        if (key == 'h')
-            return status = print(std::string(USAGE) + std::string(HELP)), std::nullopt;
-        if (key == 'V')
-            return status = print("tei2crf (zelvor) " ZELVOR_VERSION "\n"), std::nullopt;
-        if (!apply(key, options))
+        if (key == 'h' || key == 'V') {
+            status =
+                print(key == 'h' ? std::string(USAGE) + std::string(HELP) : "tei2crf (zelvor) " ZELVOR_VERSION "\n");
+            return std::nullopt;
+        }
+        keys.push_back(key);
+        if (!read_option(key, options))
             status = 2;
     }
     if (status == 0) {
-        options.inputs.assign(argv + optind, argv + argc);
-        status = check(options);
+        options.task.inputs.assign(argv + optind, argv + argc);
+        options.task.options.has_lexicon = !options.task.lexicon.empty();
+        status = check(options, keys);
     }
     if (status == 0)
         return options;

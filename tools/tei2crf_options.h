@@ -1,22 +1,14 @@
 #pragma once
 
-#include "training/token_line.h"
+#include "training/Conversion.h"
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace zelvor {
 
 struct Tei2crfOptions {
-    std::string lexicon;
-    std::string output; ///< empty: standard output
-    std::string report; ///< empty: no JSON report
-    std::vector<std::string> inputs;
-    TokenLineFormat format;
-    bool hidden = false;
-    bool strict = false;
-    bool verbose = false;
+    ConversionTask task;
+    bool survey = false; ///< instead of a conversion
     int quiet = 0;
 };
 

@@ -2,6 +2,8 @@
 
 #include <json/json.h>
 
+#include <algorithm>
+#include <functional>
 #include <iterator>
 #include <string_view>
 
@@ -20,16 +22,21 @@ constexpr Row ROWS[] = {
     {"files", "read", "read"},
     {"files", "failed", "failed"},
     {"files", "entities_refused", "external entities refused"},
+    {"files", "passed_over", "passed over by name"},
     {"sentences", "written", "written"},
+    {"sentences", "incomplete", "incomplete and not written"},
     {"tokens", "written", "written"},
     {"tokens", "replaced", "of them with replaced characters"},
+    {"left_out", "no_form", "no form"},
     {"left_out", "no_analysis", "no analysis"},
     {"left_out", "not_json", "analysis is no JSON"},
     {"left_out", "other_json", "analysis is JSON of another shape"},
     {"left_out", "unknown_id", "id not in the lexicon"},
-    {"left_out", "no_tag", "punctuation without a tag"},
+    {"left_out", "no_tag", "no tag"},
+    {"left_out", "mapped_away", "tag left out by the map"},
     {"left_out", "breaks_line", "breaks its line"},
     {"left_out", "outside_sentence", "in no finished sentence"},
+    {"left_out", "incomplete_sentence", "in an incomplete sentence"},
     {"lexicon", "lines", "lines read"},
     {"lexicon", "comments", "comments"},
     {"lexicon", "short", "short"},
@@ -37,19 +44,45 @@ constexpr Row ROWS[] = {
 };
 static_assert(std::size(ROWS) == ConversionReport::COUNTS);
 
+constexpr std::string_view LEFT_OUT = "left_out";
+
 } // namespace
 
-std::string ConversionReport::text() const {
+ConversionReport& ConversionReport::operator+=(const ConversionReport& other) {
+    std::ranges::transform(counts, other.counts, counts.begin(), std::plus<>());
+    return *this;
+}
+
+std::vector<ConversionReport::Count> ConversionReport::reasons() const {
+    std::vector<Count> reasons;
+    for (std::size_t i = 0; i < COUNTS; ++i)
+        if (ROWS[i].section == LEFT_OUT && counts[i] > 0)
+            reasons.push_back(static_cast<Count>(i));
+    std::ranges::stable_sort(reasons, std::greater<>(), [this](Count count) { return counts[count]; });
+    return reasons;
+}
+
+std::uint64_t ConversionReport::left_out() const {
+    std::uint64_t sum = 0;
+    for (const Count reason : reasons())
+        sum += counts[reason];
+    return sum;
+}
+
+/// What the section has counted; its first row also where that is zero.
+std::string ConversionReport::section_text(std::string_view section) const {
     std::string text;
-    std::string_view section;
-    for (std::size_t i = 0; i < COUNTS; ++i) {
-        const bool is_first = section != ROWS[i].section;
-        section = ROWS[i].section;
-        if (is_first)
-            text.append(text.empty() ? "" : "\n").append(section == "left_out" ? "left out" : section).append(":");
-        text.append(is_first ? " " : ", ").append(std::to_string(counts[i])).append(" ").append(ROWS[i].label);
-    }
-    return text + "\n";
+    for (std::size_t i = 0; i < COUNTS; ++i)
+        if (ROWS[i].section == section && (text.empty() || counts[i] > 0))
+            text += (text.empty() ? "" : ", ") + std::to_string(counts[i]) + " " + ROWS[i].label;
+    return std::string(section) + ": " + text + "\n";
+}
+
+std::string ConversionReport::text() const {
+    std::string text = section_text("files") + section_text("sentences") + section_text("tokens");
+    for (const Count reason : reasons())
+        text += "left out: " + std::to_string(counts[reason]) + " " + label_of(reason) + "\n";
+    return counts[LEXICON_LINES] > 0 ? text + section_text("lexicon") : text;
 }
 
 std::string ConversionReport::json(int status) const {

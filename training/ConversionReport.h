@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace zelvor {
 
@@ -13,16 +15,21 @@ struct ConversionReport {
         FILES_READ,   ///< without a fault
         FILES_FAILED, ///< not read, or only up to a fault
         ENTITIES_REFUSED,
+        FILES_PASSED_OVER, ///< below a folder, for their names
         SENTENCES,
+        SENTENCES_INCOMPLETE, ///< not written, where only whole ones are
         TOKENS_WRITTEN,
         TOKENS_REPLACED, ///< of these, with "_" in a column
+        NO_FORM,
         NO_ANALYSIS,
         NOT_JSON,
         OTHER_JSON,
         UNKNOWN_ID,
         NO_TAG,
+        MAPPED_AWAY, ///< the map has nothing for their tag
         BREAKS_LINE,
-        OUTSIDE_SENTENCE, ///< not in a sentence that ends
+        OUTSIDE_SENTENCE,    ///< not in a sentence that ends
+        INCOMPLETE_SENTENCE, ///< in one of which another token was left out
         LEXICON_LINES,
         LEXICON_COMMENTS,
         LEXICON_SHORT,
@@ -33,12 +40,21 @@ struct ConversionReport {
     std::uint64_t& operator[](Count count) { return counts[count]; }
     std::uint64_t operator[](Count count) const { return counts[count]; }
 
-    /// A line a section, for people.
+    ConversionReport& operator+=(const ConversionReport& other);
+
+    /// For which tokens were left out, the most frequent first.
+    std::vector<Count> reasons() const;
+    std::uint64_t left_out() const; ///< tokens, for whatever reason
+
+    /// A line a section and a line a reason, without what did not occur; for people.
     std::string text() const;
     /// An object of the same sections, with the exit status of the run beside them and a line feed behind.
     std::string json(int status) const;
 
     std::array<std::uint64_t, COUNTS> counts{};
+
+private:
+    std::string section_text(std::string_view section) const;
 };
 
 /// What the report says of a count: "no analysis" and such.

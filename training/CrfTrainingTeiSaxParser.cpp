@@ -2,10 +2,8 @@
 
 #include "training/tags.h"
 
-#include <libxml/parser.h>
 #include <log4cpp/Category.hh>
 
-#include <cstring>
 #include <iostream>
 #include <new>
 #include <set>
@@ -20,7 +18,7 @@ CrfTrainingTeiSaxParser::~CrfTrainingTeiSaxParser() = default;
 
 void CrfTrainingTeiSaxParser::on_start_document() {
     m_is_word_node = false;
-    m_copied_bytes = 0;
+    m_costly_errors.begin_document();
     m_vec_pvec_lexical_entry_representation.clear();
 }
 
@@ -101,31 +99,14 @@ void CrfTrainingTeiSaxParser::add_entry(const std::string& lemma, const std::str
         m_pvec_plexical_entry_representation->push_back(new LexicalEntry(lemma, m_chars, pos));
 }
 
-_xmlParserCtxt* CrfTrainingTeiSaxParser::faulty_context() const {
-    const xmlError* const error = context_ ? xmlGetLastError() : nullptr;
-    const bool is_known = error && error->domain == XML_FROM_PARSER && error->ctxt;
-    return is_known ? static_cast<xmlParserCtxtPtr>(error->ctxt) : context_;
-}
-
-void CrfTrainingTeiSaxParser::stop_costly_errors() {
-    const xmlError* const error = xmlGetLastError();
-    // Only these: after other errors the XML library may read on in a text that stopping has freed.
-    if (!error || !error->str1)
-        return;
-    m_copied_bytes += std::strlen(error->str1);
-    if (const xmlParserCtxtPtr context = faulty_context();
-        m_copied_bytes > MAX_COPIED_BYTES && context && context->disableSAX)
-        xmlStopParser(context);
-}
-
 void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
-    stop_costly_errors();
+    m_costly_errors.add(context_);
     if (!m_pmain_cat)
         return;
     try {
         m_pmain_cat->error(std::string("Error occurred during parsing! "));
         m_pmain_cat->error(text.raw());
-    } catch (const std::bad_alloc&) { // would stop the parser, see stop_costly_errors
+    } catch (const std::bad_alloc&) { // would stop the parser, see CostlyErrors
     }
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "training/CostlyErrors.h"
 #include "training/analysis.h"
 #include "utils/LexicalEntry.h"
 
 #include <json/reader.h>
-#include <libxml++/libxml++.h>
+#include <libxml++/parsers/saxparser.h>
 
 #include <map>
 #include <string>
@@ -42,15 +43,6 @@ public:
     void clear_lexical_entries();
 
 protected:
-    void begin_token(); ///< text is gathered from here
-    void reset_token(); ///< and no longer from here
-
-    /// While an error is told: the parser that met it, that of the document or of an entity within it; null otherwise.
-    _xmlParserCtxt* faulty_context() const;
-    /// While an error is told: ends what nothing is handed over of any more, after a fatal error, where the errors have
-    /// become costly. The XML library copies what an error is about, be it all of a comment up to two hyphens.
-    void stop_costly_errors();
-
     bool m_is_word_node = false;
     std::string m_lemma_json;
     std::string m_chars;
@@ -68,14 +60,14 @@ protected:
     AnalysisReader m_analysis_reader;
 
 private:
-    static constexpr std::size_t MAX_COPIED_BYTES = std::size_t{64} * 1024 * 1024;
-
+    void begin_token(); ///< text is gathered from here
+    void reset_token(); ///< and no longer from here
     void end_word();
     void end_punctuation();
     const LexicalEntry* find_entry(int id) const;
     void add_entry(const std::string& lemma, const std::string& pos);
 
-    std::size_t m_copied_bytes = 0; ///< by the errors of this document
+    CostlyErrors m_costly_errors;
 };
 
 } // namespace zelvor

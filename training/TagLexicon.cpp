@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <unordered_map>
@@ -16,6 +17,7 @@ namespace zelvor {
 
 namespace {
 
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::size_t LEMMA_POS = 6, WORD_FORM_ID = 7, POS = 17, REQUIRED = 22;
 
 /// The first fields of a line, untrimmed; those that are missing stay empty.
@@ -52,6 +54,15 @@ private:
     std::unordered_map<std::string, std::uint32_t> m_indices;
 };
 
+/// Why a file that begins like this is no lexicon, or nothing.
+const char* why_no_lexicon(std::string_view begin) {
+    if (begin.starts_with("\x1F\x8B"))
+        return "is compressed; unpack it, as in -l <(zcat FILE)";
+    if (begin.starts_with("\xFF\xFE") || begin.starts_with("\xFE\xFF") || begin.substr(0, 2).find('\0') < 2)
+        return "is UTF-16; make it UTF-8, as iconv -f UTF-16 -t UTF-8 does";
+    return nullptr;
+}
+
 [[noreturn]] void throw_error(const std::string& filename) {
     throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
 }
@@ -67,7 +78,12 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
     if (!file)
         throw_error(filename);
     for (std::string line; std::getline(file, line);) {
-        ++counts.lines;
+        if (++counts.lines == 1) {
+            if (const char* const reason = why_no_lexicon(line))
+                throw std::invalid_argument("the lexicon " + filename + " " + reason);
+            counts.has_mark = line.starts_with(BYTE_ORDER_MARK);
+            line.erase(0, counts.has_mark ? BYTE_ORDER_MARK.size() : 0);
+        }
         if (line.starts_with("//")) {
             ++counts.comments;
             continue;
@@ -82,6 +98,8 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
     }
     if (file.bad())
         throw_error(filename);
+    if (entries.empty())
+        throw std::invalid_argument("the lexicon has no entry: " + filename);
     if (!std::ranges::is_sorted(entries, {}, &Entry::id))
         std::ranges::stable_sort(entries, {}, &Entry::id);
     const auto rest = std::unique(entries.begin(), entries.end(), [](Entry a, Entry b) { return a.id == b.id; });

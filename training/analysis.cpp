@@ -57,6 +57,8 @@ void unwrap_analysis(std::string& json) {
     std::ranges::transform(json, json.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
 }
 
+AnalysisReader::AnalysisReader(std::size_t readers) : m_max_bytes(MAX_GENERATION_BYTES / readers) {}
+
 AnalysisReader::Known* AnalysisReader::Generation::find(std::size_t hash, const std::string& json) {
     const std::uint32_t number = index.find(
         hash, [&](std::uint32_t candidate) { return known[candidate].hash == hash && known[candidate].json == json; });
@@ -74,7 +76,7 @@ const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::strin
     const std::size_t hash = std::hash<std::string_view>()(json);
     if (const Known* const known = m_recent.find(hash, json))
         return known->analysis;
-    if (m_recent.bytes > MAX_GENERATION_BYTES)
+    if (m_recent.bytes > m_max_bytes)
         m_former = std::exchange(m_recent, {});
     if (Known* const known = m_former.find(hash, json))
         return m_recent.add(Known(*known));

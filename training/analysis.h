@@ -35,6 +35,9 @@ void unwrap_analysis(std::string& json);
 /// there is room for, those that came up again stay.
 class AnalysisReader {
 public:
+    /// Of so many readers, all together remember as much as one.
+    explicit AnalysisReader(std::size_t readers = 1);
+
     /// The result is valid until the next call. Throws on no text; std::bad_alloc.
     const Analysis& read(Json::Reader& json_reader, const std::string& json);
 
@@ -52,6 +55,7 @@ private:
         Known* find(std::size_t hash, const std::string& json);
         const Analysis& add(Known&& analysis);
     };
+    std::size_t m_max_bytes; ///< of a generation
     Generation m_recent, m_former;
 };
 

@@ -8,8 +8,10 @@
 #include <log4cpp/Category.hh>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 #include <memory>
+#include <mutex>
 #include <string_view>
 
 #include <sys/stat.h>
@@ -18,7 +20,12 @@ namespace zelvor {
 
 namespace {
 
-EntityGuard* current_guard = nullptr;
+thread_local EntityGuard* current_guard = nullptr;
+
+/// The loader is one for the process: the first guard of all threads puts ours in place, the last one takes it away.
+std::mutex loader_mutex;
+std::size_t guards = 0;
+std::atomic<xmlExternalEntityLoader> previous_loader = nullptr;
 
 std::string folder_of(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
@@ -55,7 +62,9 @@ std::string local_path(const char* address) {
 
 struct EntityGuard::Loader {
     /// What the XML library calls: no exception may leave it.
-    static xmlParserInputPtr load(const char* address, const char* /*public_id*/, xmlParserCtxtPtr context) {
+    static xmlParserInputPtr load(const char* address, const char* public_id, xmlParserCtxtPtr context) {
+        if (!current_guard)
+            return previous_loader.load()(address, public_id, context);
         try {
             return load_if_allowed(address, context);
         } catch (...) {
@@ -115,8 +124,7 @@ EntityGuard::EntityGuard(const std::string& document, Listener refused)
     : EntityGuard(document, std::move(refused), false) {}
 
 EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_standard_input)
-    : m_refused(std::move(refused)), m_is_standard_input(is_standard_input), m_pprevious_guard(current_guard),
-      m_pprevious_loader(reinterpret_cast<void*>(xmlGetExternalEntityLoader())) {
+    : m_refused(std::move(refused)), m_is_standard_input(is_standard_input), m_pprevious_guard(current_guard) {
     if (!is_standard_input) {
         m_document = with_real_folder(document);
         m_folders[0] = folder_of(m_document);
@@ -126,12 +134,18 @@ EntityGuard::EntityGuard(const std::string& document, Listener refused, bool is_
             m_document = "./" + document;
     }
     current_guard = this;
+    const std::lock_guard lock(loader_mutex);
+    if (guards++ > 0)
+        return;
+    previous_loader = xmlGetExternalEntityLoader();
     xmlSetExternalEntityLoader(&Loader::load);
 }
 
 EntityGuard::~EntityGuard() {
-    xmlSetExternalEntityLoader(reinterpret_cast<xmlExternalEntityLoader>(m_pprevious_loader));
     current_guard = m_pprevious_guard;
+    const std::lock_guard lock(loader_mutex);
+    if (--guards == 0)
+        xmlSetExternalEntityLoader(previous_loader);
 }
 
 } // namespace zelvor

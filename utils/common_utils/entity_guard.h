@@ -16,7 +16,9 @@ namespace zelvor {
 /// at or below the document's own folder (links and ".." resolved; for a document that is a link, also the folder of
 /// the file behind it). Everything else, network addresses, devices and pipes included, is refused: its text is
 /// missing, and the log gets one error record that names document and entity, or a listener a message that names the
-/// entity. The loader that was installed before comes back afterwards. Process-wide state: one parse at a time.
+/// entity. Each thread may have guards of its own; a guard is for parses in its thread. While there is any, the loader
+/// of the XML library is that of all guards; the one that was installed before reads for threads without a guard, and
+/// comes back after the last one.
 class EntityGuard {
 public:
     /// Make one for each document, directly before it is parsed. pcat may be null and must outlive the guard.
@@ -48,8 +50,7 @@ private:
     bool m_is_standard_input;
     bool m_document_opened = false;
     std::exception_ptr m_thrown;
-    EntityGuard* m_pprevious_guard;
-    void* m_pprevious_loader;
+    EntityGuard* m_pprevious_guard; ///< of this thread
 };
 
 } // namespace zelvor

@@ -65,7 +65,34 @@ mode_t default_mode() {
     return 0666 & ~mask;
 }
 
+/// What is behind an output, an open descriptor included.
+bool status_of_output(const std::string& path, struct stat& status) {
+    const int descriptor = OutputFile::descriptor_of(path);
+    return (descriptor >= 0 ? fstat(descriptor, &status) : stat(path.c_str(), &status)) == 0;
+}
+
+bool is_same_regular(const struct stat& status1, const struct stat& status2) {
+    return status1.st_dev == status2.st_dev && status1.st_ino == status2.st_ino && S_ISREG(status1.st_mode);
+}
+
 } // namespace
+
+bool OutputFile::is_one(const std::string& output1, const std::string& output2) {
+    const int descriptor1 = descriptor_of(output1), descriptor2 = descriptor_of(output2);
+    if (descriptor1 < 0 && descriptor2 < 0)
+        return target_of(output1) == target_of(output2);
+    struct stat status1 {
+    }, status2{};
+    return descriptor1 == descriptor2 || (status_of_output(output1, status1) && status_of_output(output2, status2) &&
+                                          is_same_regular(status1, status2));
+}
+
+bool OutputFile::is_input(const std::string& output, const std::string& input) {
+    struct stat status1 {
+    }, status2{};
+    const bool is_read = (input == "-" ? fstat(STDIN_FILENO, &status2) : stat(input.c_str(), &status2)) == 0;
+    return is_read && status_of_output(output, status1) && is_same_regular(status1, status2);
+}
 
 int OutputFile::descriptor_of(const std::string& path) {
     if (path.empty() || path == "-" || path == "/dev/stdout") // the last also where there is no /proc

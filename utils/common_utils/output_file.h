@@ -23,6 +23,9 @@ public:
 
     /// The descriptor that a path stands for ("-", /dev/stdout, /dev/fd/N, a link to one of them), or -1.
     static int descriptor_of(const std::string& path);
+    /// Whether two paths would write to one file, or an output to an input (of which "-" is standard input).
+    static bool is_one(const std::string& output1, const std::string& output2);
+    static bool is_input(const std::string& output, const std::string& input);
     /// The path of the file that would be written, without links, also where there is none yet.
     static std::string target_of(const std::string& path);
 

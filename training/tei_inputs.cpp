@@ -1,4 +1,4 @@
-#include "tools/tei_inputs.h"
+#include "training/tei_inputs.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -20,7 +20,7 @@ public:
     void add_input(std::string path) {
         struct stat status {};
         if (path == "-" || stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) {
-            documents.push_back(std::move(path));
+            found.documents.push_back(std::move(path));
             return;
         }
         while (path.size() > 1 && path.ends_with('/'))
@@ -28,7 +28,7 @@ public:
         add_folder(path);
     }
 
-    std::vector<std::string> documents;
+    TeiInputs found;
 
 private:
     /// Only one folder is open at a time, so that no depth uses up the descriptors.
@@ -56,8 +56,15 @@ private:
         else if (S_ISDIR(status.st_mode))
             add_folder(path);
         // a link to nowhere is kept, so that its fault is told
-        else if (is_tei_name(path) && (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)))
-            documents.push_back(path);
+        else if (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode))
+            add_file(path);
+    }
+
+    void add_file(const std::string& path) {
+        if (is_tei_name(path))
+            found.documents.push_back(path);
+        else
+            ++found.passed_over;
     }
 
     bool m_with_hidden;
@@ -66,15 +73,15 @@ private:
 
 } // namespace
 
-std::vector<std::string>
-find_documents(const std::vector<std::string>& inputs, bool with_hidden,
-               const std::function<void(const std::string& folder, const std::string& message)>& fault) {
+TeiInputs find_documents(const std::vector<std::string>& inputs, bool with_hidden,
+                         const std::function<void(const std::string& folder, const std::string& message)>& fault) {
     Walk walk(with_hidden, fault);
     for (const std::string& input : inputs)
         walk.add_input(input);
-    std::ranges::sort(walk.documents);
-    walk.documents.erase(std::unique(walk.documents.begin(), walk.documents.end()), walk.documents.end());
-    return std::move(walk.documents);
+    std::vector<std::string>& documents = walk.found.documents;
+    std::ranges::sort(documents);
+    documents.erase(std::unique(documents.begin(), documents.end()), documents.end());
+    return std::move(walk.found);
 }
 
 } // namespace zelvor

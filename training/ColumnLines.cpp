@@ -1,0 +1,131 @@
+#include "training/ColumnLines.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::size_t ENOUGH_TO_WRITE = 65536;
+
+/// Whether a breaking character can begin with this byte.
+bool may_break(char c) {
+    return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '\xC2' || c == '\xE2' || c == '\xED';
+}
+
+bool is_breaking(std::string_view value) {
+    if (value.empty())
+        return true;
+    for (std::size_t i = 0; i < value.size(); ++i)
+        if (may_break(value[i]) && breaking_character(value, i) != 0)
+            return true;
+    return false;
+}
+
+void append_replaced(std::string& line, std::string_view value) {
+    if (value.empty())
+        line += '_';
+    bool in_run = false;
+    for (std::size_t i = 0; i < value.size();) {
+        const std::size_t length = breaking_character(value, i);
+        if (length == 0)
+            line += value[i];
+        else if (!in_run)
+            line += '_';
+        in_run = length != 0;
+        i += std::max<std::size_t>(length, 1);
+    }
+}
+
+} // namespace
+
+std::size_t breaking_character(std::string_view text, std::size_t position) {
+    const auto byte = [&](std::size_t i) {
+        return position + i < text.size() ? static_cast<unsigned char>(text[position + i]) : 0U;
+    };
+    const unsigned int first = byte(0);
+    if (first <= ' ' || first == 0x7F)
+        return 1;
+    if (first == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) // U+0080 to U+009F
+        return 2;
+    if (first == 0xED && byte(1) >= 0xA0) // a surrogate, which JSON can name
+        return byte(2) == 0 ? 2 : 3;
+    return first == 0xE2 && byte(1) == 0x80 && (byte(2) == 0xA8 || byte(2) == 0xA9) ? 3 : 0; // U+2028, U+2029
+}
+
+const Column& tag_column(const ConversionOptions& options) {
+    const auto pos = std::ranges::find(options.columns, Column::Kind::POS, &Column::kind);
+    return pos == options.columns.end() ? options.columns.back() : *pos;
+}
+
+ColumnLines::ColumnLines(const ConversionOptions& options) : m_options(options), m_tag(tag_column(options)) {}
+
+std::string_view ColumnLines::value_of(const Column& column, const Token& token) {
+    switch (column.kind) {
+    case Column::Kind::FORM:
+        return token.form;
+    case Column::Kind::LEMMA:
+        return token.lemma;
+    case Column::Kind::POS:
+        return token.pos;
+    case Column::Kind::UPOS:
+        return token.upos;
+    case Column::Kind::FEATS:
+        return token.feats;
+    case Column::Kind::OTHER:
+        break;
+    }
+    return token.others[column.other];
+}
+
+std::optional<bool> ColumnLines::append(Column::Kind kind, std::string_view value) {
+    const bool may_be_empty = !m_options.has_lexicon || kind > Column::Kind::POS;
+    if (value.empty() && may_be_empty)
+        m_lines += '_';
+    else if (!is_breaking(value))
+        m_lines += value;
+    else if (m_options.on_bad_token != ConversionOptions::BadToken::REPLACE)
+        return std::nullopt;
+    else
+        return append_replaced(m_lines, value), true;
+    return false;
+}
+
+TokenOutcome ColumnLines::add(const Token& token) {
+    if (token.flaw)
+        return {false, false, token.flaw};
+    if (!m_options.has_lexicon && value_of(m_tag, token).empty())
+        return {false, false, ConversionReport::NO_TAG};
+    const std::size_t begin = m_lines.size();
+    TokenOutcome outcome{true, false, {}};
+    bool is_broken = false;
+    for (const Column& column : m_options.columns) {
+        if (&column != &m_options.columns.front())
+            m_lines += m_options.separator;
+        const std::optional<bool> is_replaced = append(column.kind, value_of(column, token));
+        is_broken = is_broken || !is_replaced;
+        outcome.is_replaced = outcome.is_replaced || is_replaced.value_or(false);
+    }
+    if (is_broken || m_lines.size() - begin > MAX_TOKEN_LINE) {
+        m_lines.resize(begin);
+        return {false, false, ConversionReport::BREAKS_LINE};
+    }
+    m_lines += '\n';
+    return outcome;
+}
+
+std::string ColumnLines::take_some() {
+    return m_lines.size() > ENOUGH_TO_WRITE ? std::exchange(m_lines, {}) : std::string();
+}
+
+std::string_view ColumnLines::end() { return m_lines += '\n'; }
+
+std::string header_line(const ConversionOptions& options) {
+    std::string line;
+    for (const Column& column : options.columns)
+        (line.empty() ? line : line += options.separator) += column.name;
+    return line + '\n';
+}
+
+} // namespace zelvor

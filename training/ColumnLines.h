@@ -1,0 +1,47 @@
+#pragma once
+
+#include "training/ConversionOptions.h"
+#include "training/SentenceFormat.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zelvor {
+
+/// In bytes, without the line feed. Some trainers read into 8192 bytes and stop, without a word, where a line fills
+/// them.
+constexpr std::size_t MAX_TOKEN_LINE = 8190;
+
+/// Bytes that the character at `position` has when it is white space in a trainer's eyes, a control character, a line
+/// separator or a lone surrogate; 0 for any other.
+std::size_t breaking_character(std::string_view text, std::size_t position);
+
+/// Training lines that every trainer reads alike, one a token, an empty line behind a sentence: columns that are
+/// neither empty nor hold white space or control characters, in lines short enough for fixed buffers.
+class ColumnLines : public SentenceFormat {
+public:
+    explicit ColumnLines(const ConversionOptions& options); ///< which must live as long as this
+
+    TokenOutcome add(const Token& token) override;
+    std::string take_some() override;
+    std::string_view end() override;
+    void clear() override { m_lines.clear(); }
+
+private:
+    static std::string_view value_of(const Column& column, const Token& token);
+    /// Appends the value; true where it had to be replaced, nothing where it breaks the line.
+    std::optional<bool> append(Column::Kind kind, std::string_view value);
+
+    const ConversionOptions& m_options;
+    const Column& m_tag; ///< the column that must not be empty
+    std::string m_lines;
+};
+
+/// The column without which a token has no tag: "pos", or the last one where there is none.
+const Column& tag_column(const ConversionOptions& options);
+
+/// The first line of a file with a header: the names of the columns.
+std::string header_line(const ConversionOptions& options);
+
+} // namespace zelvor

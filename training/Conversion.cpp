@@ -1,0 +1,252 @@
+#include "training/Conversion.h"
+
+#include "training/ColumnLines.h"
+#include "training/DocumentConverter.h"
+#include "training/DocumentTurns.h"
+#include "training/TagLexicon.h"
+#include "training/TagMap.h"
+#include "training/shown_text.h"
+#include "training/tei_inputs.h"
+#include "utils/common_utils/output_file.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <new>
+#include <optional>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace zelvor {
+
+namespace {
+
+/// By documents that wait for their turn, a job.
+constexpr std::size_t MAX_KEPT_BYTES = std::size_t{8} * 1024 * 1024;
+
+class Conversion : public DocumentOutlet {
+public:
+    Conversion(const ConversionTask& task, const ConversionObserver& observer) : m_task(task), m_observer(observer) {}
+
+    ConversionResult run();
+
+    void write(std::string_view text, std::uint64_t tokens) override;
+    void fault(const std::string& message) override;
+    void left_out(const std::string& message) override { m_observer.leave_out(message); }
+    void add(const ConversionReport& report) override;
+
+private:
+    void convert();
+    void find_inputs();
+    void check_outputs() const;
+    void load_tables();
+    void load_lexicon();
+    void read_documents();
+    void convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables);
+    void check_that_something_came();
+    void complain(const std::string& message) { m_observer.complain(message); }
+    void end(const std::string& message);
+    void write_report();
+
+    const ConversionTask& m_task;
+    const ConversionObserver& m_observer;
+    ConversionReport m_report;
+    TagLexicon m_lexicon;
+    TagMap m_map;
+    std::unique_ptr<OutputFile> m_output, m_report_file;
+    std::vector<std::string> m_documents;
+    std::size_t m_ended = 0; ///< of them
+    std::uint64_t m_tokens = 0;
+    bool m_has_fault = false;
+    bool m_is_header_due = false;
+    bool m_has_ended = true;
+};
+
+ConversionResult Conversion::run() {
+    try {
+        convert();
+    } catch (const WrongOutput&) {
+        throw;
+    } catch (const ConversionStopped& error) {
+        end("stopped: " + shown_path(error.what()));
+    } catch (const std::system_error& error) { // files that the run needs
+        end(shown_path(error.what()));
+    } catch (const std::invalid_argument& error) { // what is in them
+        end(shown_path(error.what()));
+    } catch (const std::bad_alloc&) {
+        end("out of memory");
+    }
+    m_output.reset();
+    write_report();
+    return {m_has_fault ? 1 : 0, m_report, m_has_ended};
+}
+
+void Conversion::convert() {
+    find_inputs();
+    check_outputs();
+    if (!m_task.report.empty())
+        m_report_file = std::make_unique<OutputFile>(m_task.report);
+    if (m_task.options.strict && m_has_fault)
+        throw ConversionStopped("at a folder that cannot be read");
+    if (m_documents.empty())
+        throw ConversionStopped("no file whose name ends in .tei or .xml");
+    load_tables();
+    m_output = std::make_unique<OutputFile>(m_task.output);
+    m_is_header_due = m_task.options.header;
+    read_documents();
+    check_that_something_came();
+    m_output->commit();
+}
+
+void Conversion::find_inputs() {
+    TeiInputs inputs =
+        find_documents(m_task.inputs, m_task.hidden, [this](const std::string& folder, const std::string& message) {
+            ++m_report[ConversionReport::FILES_FAILED];
+            fault(shown_path(folder) + ": " + shown(message));
+        });
+    m_documents = std::move(inputs.documents);
+    m_report[ConversionReport::FILES_PASSED_OVER] = inputs.passed_over;
+}
+
+void Conversion::check_outputs() const {
+    const auto check = [&](const std::string& input) {
+        if (OutputFile::is_input(m_task.output, input) ||
+            (!m_task.report.empty() && OutputFile::is_input(m_task.report, input)))
+            throw WrongOutput("the output would replace an input: " + input);
+    };
+    for (const std::string& input : {m_task.lexicon, m_task.map})
+        if (!input.empty())
+            check(input);
+    for (const std::string& document : m_documents)
+        check(document);
+    if (!m_task.report.empty() && OutputFile::is_one(m_task.report, m_task.output))
+        throw WrongOutput("one file for output and report: " + m_task.report);
+}
+
+void Conversion::load_tables() {
+    if (!m_task.map.empty())
+        m_map.load(m_task.map, m_task.options.nfc);
+    if (!m_task.lexicon.empty())
+        load_lexicon();
+}
+
+void Conversion::load_lexicon() {
+    bool is_first = true;
+    const TagLexicon::Counts counts = m_lexicon.load(m_task.lexicon, [&](std::size_t number, std::size_t fields) {
+        m_has_fault = true;
+        const std::string message = m_task.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
+                                    " fields, at least 22 are needed";
+        if (m_task.options.strict)
+            throw ConversionStopped(message);
+        if (is_first || m_task.options.verbose)
+            complain(shown_path(message));
+        is_first = false;
+    });
+    if (counts.has_mark)
+        complain(shown_path(m_task.lexicon) + ": begins with a byte order mark, which is passed over");
+    m_report[ConversionReport::LEXICON_LINES] = counts.lines;
+    m_report[ConversionReport::LEXICON_COMMENTS] = counts.comments;
+    m_report[ConversionReport::LEXICON_SHORT] = counts.short_lines;
+    m_report[ConversionReport::LEXICON_DUPLICATES] = counts.duplicates;
+}
+
+void Conversion::read_documents() {
+    const std::size_t jobs = std::clamp<std::size_t>(m_task.jobs, 1, m_documents.size());
+    const DocumentConverter::Tables tables{m_task.lexicon.empty() ? nullptr : &m_lexicon,
+                                           m_task.map.empty() ? nullptr : &m_map, jobs};
+    DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES);
+    {
+        std::vector<std::jthread> threads;
+        try {
+            for (std::size_t job = 1; job < jobs; ++job)
+                threads.emplace_back([&] { convert_documents(turns, tables); });
+        } catch (const std::system_error&) { // no more threads than these
+        }
+        convert_documents(turns, tables);
+    }
+    turns.rethrow();
+}
+
+/// What one job does.
+void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables) {
+    try {
+        DocumentConverter converter(m_task.options, tables);
+        while (const std::optional<std::size_t> number = turns.take()) {
+            DocumentTurns::Document document(turns, *number);
+            std::exception_ptr thrown;
+            try {
+                converter.convert(m_documents[*number], document);
+            } catch (...) {
+                thrown = std::current_exception();
+            }
+            document.end(converter.report(), thrown);
+        }
+    } catch (...) {
+        turns.stop(std::current_exception());
+    }
+}
+
+void Conversion::check_that_something_came() {
+    for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
+        m_has_fault = m_has_fault || m_report[malformed] > 0;
+    if (m_report[ConversionReport::FILES_READ] == 0 && m_report[ConversionReport::SENTENCES] == 0)
+        throw ConversionStopped("nothing could be read");
+    if (m_report[ConversionReport::TOKENS_WRITTEN] == 0)
+        throw std::invalid_argument("no token");
+}
+
+void Conversion::write(std::string_view text, std::uint64_t tokens) {
+    if (std::exchange(m_is_header_due, false))
+        m_output->write(header_line(m_task.options));
+    m_output->write(text);
+    m_tokens += tokens;
+    m_observer.progress(m_ended, m_documents.size(), m_tokens);
+}
+
+void Conversion::add(const ConversionReport& report) {
+    m_report += report;
+    m_observer.progress(++m_ended, m_documents.size(), m_tokens);
+}
+
+void Conversion::fault(const std::string& message) {
+    m_has_fault = true;
+    complain(message);
+}
+
+/// What went to a stream before the end stays; a file does not appear, and then nothing counts as written.
+void Conversion::end(const std::string& message) {
+    m_has_ended = false;
+    m_has_fault = true;
+    complain(message);
+    try {
+        if (m_output && m_output->give_up())
+            return;
+    } catch (const std::system_error& error) {
+        complain(shown_path(error.what()));
+    }
+    for (const auto count :
+         {ConversionReport::SENTENCES, ConversionReport::TOKENS_WRITTEN, ConversionReport::TOKENS_REPLACED})
+        m_report[count] = 0;
+}
+
+/// The report goes out whatever has happened.
+void Conversion::write_report() {
+    if (!m_report_file)
+        return;
+    try {
+        m_report_file->write(m_report.json(m_has_fault ? 1 : 0));
+        m_report_file->commit();
+    } catch (const std::system_error& error) {
+        complain(shown_path(error.what()));
+        m_has_fault = true;
+    }
+}
+
+} // namespace
+
+ConversionResult run_conversion(const ConversionTask& task, const ConversionObserver& observer) {
+    return Conversion(task, observer).run();
+}
+
+} // namespace zelvor

@@ -1,0 +1,44 @@
+#include "training/ConversionOptions.h"
+
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::string_view NAMES[] = {"form", "lemma", "pos", "upos", "feats"}; // by kind
+
+} // namespace
+
+Column::Column(std::string_view text) : name(text) {
+    if (text.starts_with('@')) {
+        kind = Kind::OTHER;
+        name = text.substr(1);
+        if (name == "text")
+            throw std::invalid_argument("'@text': the text of a token is its form");
+        source.emplace_back(name);
+        return;
+    }
+    const auto* const found = std::ranges::find(NAMES, text);
+    if (found == std::end(NAMES))
+        throw std::invalid_argument("'" + name +
+                                    "' is no column; columns are form, lemma, pos, upos, feats and @ATTRIBUTE");
+    kind = static_cast<Kind>(found - std::begin(NAMES));
+}
+
+std::vector<Column> read_columns(std::string_view names) {
+    std::vector<Column> columns;
+    for (const std::string_view name : split_list(names)) {
+        Column column(name);
+        if (std::ranges::any_of(
+                columns, [&](const Column& known) { return known.kind == column.kind && known.name == column.name; }))
+            throw std::invalid_argument("column '" + std::string(name) + "' is there twice");
+        column.other = static_cast<std::size_t>(std::ranges::count(columns, Column::Kind::OTHER, &Column::kind));
+        columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
+} // namespace zelvor

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "training/ConversionOptions.h"
+#include "training/ConversionReport.h"
+#include "training/Sentences.h"
+
+#include <memory>
+#include <string>
+
+namespace zelvor {
+
+class TagLexicon;
+class TagMap;
+
+/// Converts documents one after the other: reader, tokens, annotation, sentences and format put together. Several
+/// converters may work at the same time, each in a thread of its own.
+class DocumentConverter {
+public:
+    /// What is shared by all converters of a run.
+    struct Tables {
+        const TagLexicon* lexicon = nullptr; ///< null: annotation from attributes
+        const TagMap* map = nullptr;         ///< null: tags stay
+        std::size_t jobs = 1;                ///< converters that remember analyses within one bound
+    };
+
+    /// Options and tables must live as long as this.
+    DocumentConverter(const ConversionOptions& options, const Tables& tables);
+    ~DocumentConverter();
+    DocumentConverter(const DocumentConverter&) = delete;
+    DocumentConverter& operator=(const DocumentConverter&) = delete;
+
+    /// Converts the document at a path, or standard input for "-". The sentences before a fault count; so do those
+    /// before ConversionStopped, which leaves this as everything does that the sink throws, and std::bad_alloc.
+    void convert(const std::string& path, ConversionSink& sink);
+
+    /// Of the last document, or as far as it is.
+    const ConversionReport& report() const;
+
+private:
+    struct Stages;
+
+    std::unique_ptr<Stages> m_stages;
+};
+
+} // namespace zelvor

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "training/LexiconAnnotation.h"
+#include "training/Sentences.h"
+#include "training/XmlReader.h"
+
+#include <string>
+#include <string_view>
+
+namespace zelvor {
+
+/// Finds the sentences and tokens of documents whose words carry the JSON of a lexicon's ids, by the names of their
+/// elements, without prefixes. The begin of a token ends the one that it stands in; CDATA is no part of its text.
+class LexiconTokens : public XmlHandler {
+public:
+    /// All references must live as long as this.
+    LexiconTokens(const ConversionOptions& options, LexiconAnnotation& annotation, Sentences& sentences);
+
+    void begin_document() { m_is_in_token = false; }
+    void begin_element(std::string_view name, const XmlAttributes& attributes) override;
+    void end_element(std::string_view name) override;
+    void text(std::string_view text) override;
+    void cdata(std::string_view /*text*/) override {}
+
+private:
+    void begin_token(const XmlAttributes& attributes);
+    void end_word();
+    void end_punctuation();
+    void end_token();
+
+    const ConversionOptions& m_options;
+    ConversionOptions::Names m_punctuation;
+    bool m_wants_attributes;
+    LexiconAnnotation& m_annotation;
+    Sentences& m_sentences;
+    bool m_is_in_token = false;
+    std::string m_text, m_analysis;
+    TokenAttributes m_attributes;
+};
+
+} // namespace zelvor

@@ -1,0 +1,115 @@
+#include "training/Sentences.h"
+
+#include <utility>
+
+namespace zelvor {
+
+Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
+                     std::function<XmlPlace()> place)
+    : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN), m_format(format),
+      m_report(report), m_place(std::move(place)) {}
+
+void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
+    m_document = name;
+    m_sink = &sink;
+    m_format.clear(); // of a document that did not come to its end
+    m_told.clear();
+    m_tokens = m_replaced = m_unwritten = m_ends = 0;
+    m_depth = 0;
+    m_has_begun = false;
+    m_is_whole = true;
+}
+
+void Sentences::end_document() { finish(m_ends); }
+
+void Sentences::begin_sentence() {
+    finish(m_rule == SentenceRule::RUN ? 1 : m_ends);
+    ++m_depth;
+    m_has_begun = true;
+}
+
+void Sentences::end_sentence() {
+    if (m_rule == SentenceRule::RUN)
+        finish(1);
+    else
+        ++m_ends;
+    --m_depth;
+}
+
+void Sentences::break_sentence() { finish(1); }
+
+void Sentences::finish(std::uint64_t times) {
+    const bool is_rejected = m_options.whole_sentences && !m_is_whole;
+    if (times == 0)
+        drop(ConversionReport::OUTSIDE_SENTENCE);
+    else if (is_rejected)
+        drop(ConversionReport::INCOMPLETE_SENTENCE);
+    else if (m_tokens > 0 || m_rule == SentenceRule::TO_NEXT)
+        write(times);
+    if (is_rejected)
+        m_report[ConversionReport::SENTENCES_INCOMPLETE] += times;
+    m_format.clear();
+    m_told.clear();
+    m_tokens = m_replaced = m_unwritten = m_ends = 0;
+    m_is_whole = true;
+}
+
+void Sentences::drop(ConversionReport::Count reason) {
+    m_report[reason] += m_tokens;
+    for (const auto& [place, text] : m_told)
+        m_sink->left_out(reason, m_document, place, text);
+}
+
+void Sentences::write(std::uint64_t times) {
+    m_report[ConversionReport::SENTENCES] += times;
+    m_report[ConversionReport::TOKENS_WRITTEN] += times * m_tokens;
+    m_report[ConversionReport::TOKENS_REPLACED] += times * m_replaced;
+    for (const std::string_view text = m_format.end(); times > 0; --times)
+        m_sink->write(text, m_unwritten);
+}
+
+void Sentences::add(const Token& token, std::string_view text) {
+    if (m_sink->is_cancelled())
+        throw ConversionCancelled();
+    if (!is_in_sentence())
+        return add_outside(token, text);
+    const TokenOutcome outcome =
+        token.is_overlong ? TokenOutcome{false, false, ConversionReport::BREAKS_LINE} : m_format.add(token);
+    if (outcome.reason) {
+        m_is_whole = m_is_whole && outcome.is_written;
+        leave_out(*outcome.reason, text, token.detail);
+    }
+    if (!outcome.is_written)
+        return;
+    ++m_tokens;
+    ++m_unwritten;
+    m_replaced += outcome.is_replaced;
+    if (m_options.verbose && (m_ends == 0 || m_options.whole_sentences))
+        m_told.emplace_back(m_place(), text);
+    if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
+        if (const std::string some = m_format.take_some(); !some.empty())
+            m_sink->write(some, std::exchange(m_unwritten, 0));
+}
+
+/// What a token lacks is told rather than where it stands, but not that it would break a line.
+void Sentences::add_outside(const Token& token, std::string_view text) {
+    const std::optional<ConversionReport::Count> reason = m_format.add(token).reason;
+    m_format.clear();
+    leave_out(reason && *reason != ConversionReport::BREAKS_LINE ? *reason : ConversionReport::OUTSIDE_SENTENCE, text,
+              token.detail);
+}
+
+void Sentences::leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
+    ++m_report[reason];
+    const XmlPlace place = m_options.verbose || m_options.strict ? m_place() : XmlPlace();
+    if (m_options.verbose)
+        m_sink->left_out(reason, m_document, place,
+                         std::string(text) + (detail.empty() ? "" : " (" + std::string(detail) + ")"));
+    const bool is_malformed = reason == ConversionReport::NOT_JSON || reason == ConversionReport::OTHER_JSON;
+    const bool is_bad_token =
+        reason == ConversionReport::BREAKS_LINE && m_options.on_bad_token == ConversionOptions::BadToken::FAIL;
+    if ((m_options.strict && is_malformed) || is_bad_token)
+        throw ConversionStopped(to_string(m_place(), m_document) + ": " + label_of(reason) + ": " + std::string(text));
+}
+
+} // namespace zelvor

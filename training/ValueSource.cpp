@@ -1,0 +1,142 @@
+#include "training/ValueSource.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::string_view BLANKS = " \t\r\n";
+constexpr std::string_view XML_PREFIX = "xml:";
+
+bool is_blank(char c) { return BLANKS.find(c) != std::string_view::npos; }
+
+/// What stands before the first `separator`, which goes with it.
+std::string_view next_part(std::string_view& text, char separator) {
+    const std::size_t end = std::min(text.find(separator), text.size());
+    const std::string_view part = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return part;
+}
+
+std::string_view target_of(std::string_view pointer) {
+    for (const char mark : {'#', ':'})
+        if (const std::size_t place = pointer.find(mark); place != std::string_view::npos)
+            return pointer.substr(place + 1);
+    return pointer;
+}
+
+std::string targets_of(std::string_view pointers) {
+    std::string targets, collapsed;
+    collapse_blanks(pointers, collapsed);
+    for (std::string_view rest = collapsed; !rest.empty();)
+        if (const std::string_view target = target_of(next_part(rest, ' ')); !target.empty())
+            targets.append(targets.empty() ? "" : "|").append(target);
+    return targets;
+}
+
+std::string_view trimmed_blanks(std::string_view text) {
+    while (!text.empty() && is_blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && is_blank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string_view value_of_key(std::string_view pairs, std::string_view key) {
+    while (!pairs.empty()) {
+        std::string_view value = next_part(pairs, '|');
+        const bool has_value = value.find('=') != std::string_view::npos;
+        if (trimmed_blanks(next_part(value, '=')) == key && has_value)
+            return value;
+    }
+    return {};
+}
+
+/// In place: value is the whole of an attribute.
+void drop_tags(std::string& value) {
+    if (value.find("PosTag") == std::string::npos)
+        return;
+    std::string kept;
+    for (std::string_view rest = value; !rest.empty();) {
+        const std::string_view pair = next_part(rest, '|');
+        std::string_view key = pair;
+        key = trimmed_blanks(next_part(key, '='));
+        if (key != "UPosTag" && key != "XPosTag")
+            kept.append(kept.empty() ? "" : "|").append(pair);
+    }
+    collapse_blanks(kept, value);
+}
+
+} // namespace
+
+void collapse_blanks(std::string_view text, std::string& value) {
+    value.clear();
+    bool is_between = false;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t end = std::min(text.find_first_of(BLANKS, i), text.size());
+        if (end > i) {
+            if (is_between && !value.empty())
+                value += ' ';
+            value.append(text, i, end - i);
+        }
+        is_between = true;
+        i = end + 1;
+    }
+}
+
+std::vector<std::string_view> split_list(std::string_view list) {
+    std::vector<std::string_view> elements;
+    for (std::size_t begin = 0; begin <= list.size();) {
+        const std::size_t end = std::min(list.find(',', begin), list.size());
+        elements.push_back(list.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return elements;
+}
+
+ValueSource::ValueSource(std::string_view name) {
+    const std::size_t prefix = name.starts_with(XML_PREFIX) ? XML_PREFIX.size() : 0;
+    const std::size_t colon = name.rfind(':');
+    const bool has_key = colon != std::string_view::npos && colon >= prefix;
+    m_attribute = name.substr(0, has_key ? colon : name.size());
+    m_key = has_key ? name.substr(colon + 1) : "";
+    if (m_attribute.size() <= prefix || (has_key && m_key.empty()))
+        throw std::invalid_argument("'" + std::string(name) + "' names no attribute, nor a key as in msd:Case");
+    if (m_attribute.find(':', prefix) != std::string::npos)
+        throw std::invalid_argument("'" + std::string(name) + "': of prefixes, only xml: can be named");
+}
+
+void ValueSource::read(const TokenAttributes& attributes, std::string& value) const {
+    std::string_view text = attributes.value(m_attribute);
+    std::string targets;
+    if (m_attribute == "ana" && !text.empty())
+        text = targets = targets_of(text);
+    if (!m_key.empty())
+        text = value_of_key(text, m_key);
+    collapse_blanks(text, value);
+}
+
+ValueSources::ValueSources(std::string_view names, Use use) : m_use(use) {
+    for (const std::string_view name : split_list(names)) {
+        if (name == "text" && use != Use::FORM)
+            throw std::invalid_argument("'text' is a source of the form only");
+        m_is_text.push_back(name == "text");
+        m_sources.emplace_back(name);
+    }
+}
+
+void ValueSources::read(const TokenAttributes& attributes, std::string_view text, std::string& value) const {
+    value.clear();
+    for (std::size_t i = 0; i < m_sources.size() && value.empty(); ++i) {
+        if (m_is_text[i])
+            collapse_blanks(text, value);
+        else
+            m_sources[i].read(attributes, value);
+        if (m_use == Use::FEATS && m_sources[i].attribute() == "msd" && m_sources[i].key().empty())
+            drop_tags(value);
+    }
+}
+
+} // namespace zelvor
