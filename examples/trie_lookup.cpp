@@ -43,12 +43,12 @@ void print_parts(zelvor::LetterTrieNode& root, const std::string& word) {
 } // namespace
 
 /// Stores the words of a list, one a line, and for each further argument prints the nearest stored words and all ways
-/// to put it together from stored words:
+/// to put it together from stored words; without any, the trie:
 ///     trie_lookup examples/latin_words.txt rempubiicam agricela agricultura
 int main(int argc, char** argv) {
     std::ifstream list(argc > 1 ? argv[1] : "");
-    if (argc < 3 || !list) {
-        std::cerr << "usage: trie_lookup LIST WORD...\n";
+    if (!list) {
+        std::cerr << "usage: trie_lookup LIST [WORD...]\n";
         return 2;
     }
     zelvor::LetterTrieNode root;
@@ -59,6 +59,8 @@ int main(int argc, char** argv) {
         print_corrections(root, argv[i]);
         print_parts(root, argv[i]);
     }
+    if (argc == 2)
+        root.print(std::cout);
     root.delete_tree(&root);
     return 0;
 }

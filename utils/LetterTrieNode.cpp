@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <ostream>
 #include <typeinfo>
 
 namespace zelvor {
@@ -202,43 +201,6 @@ void LetterTrieNode::choose_access(LetterTrieNode* pnew_child, int index) {
 }
 
 LetterTrieNode* LetterTrieNode::get_root() { return const_cast<LetterTrieNode*>(climb(this).back()); }
-
-namespace {
-
-/// A quoted Graphviz string: U+0000 and control characters would end or break the line.
-std::string dot_label(gunichar c) {
-    std::string text;
-    if (c == '"' || c == '\\')
-        text = '\\';
-    append_utf8(text, c < ' ' ? REPLACEMENT_CHARACTER : c);
-    return text;
-}
-
-} // namespace
-
-void LetterTrieNode::print_dot(std::ostream& os, int min_num) const {
-    os << "digraph trie {\n    rankdir=LR;\n    node [shape=circle];\n";
-    std::vector<std::pair<const LetterTrieNode*, std::size_t>> pending{{this, 0}}; // with the number of the parent
-    for (std::size_t number = 0; !pending.empty(); ++number) {
-        const auto [node, parent] = pending.back();
-        pending.pop_back();
-        os << "    n" << number << " [label=\"" << (node->m_pparent ? dot_label(node->m_c) : "") << "\\n"
-           << node->m_num << (node->m_is_leaf ? "\", shape=doublecircle];\n" : "\"];\n");
-        if (node != this)
-            os << "    n" << parent << " -> n" << number << ";\n";
-        std::vector<LetterTrieNode*> children;
-        std::map<LetterTrieNode*, int> counts;
-        for (auto child = node->m_vec_ptrie_nodes.rbegin(); child != node->m_vec_ptrie_nodes.rend(); ++child)
-            if ((*child)->m_pparent == node && (*child)->m_num >= min_num) {
-                children.push_back(*child);
-                counts[*child] = (*child)->m_num;
-            }
-        std::stable_sort(children.begin(), children.end(), HashFunctor(&counts)); // the last is taken up first
-        for (LetterTrieNode* child : children)
-            pending.emplace_back(child, number);
-    }
-    os << "}\n";
-}
 
 bool HashFunctor::operator()(LetterTrieNode* p1, LetterTrieNode* p2) const {
     return m_pmap && (*m_pmap)[p1] < (*m_pmap)[p2];

@@ -116,8 +116,13 @@ public:
     Splittings* segment_sorted(const Glib::ustring& str, unsigned int current_index); ///< fewest words first
     void delete_segment_result(Splittings* pvec_vec);
 
-    /// Writes the trie as a Graphviz graph, leaving out nodes that fewer than min_num strings reached; frequent
-    /// children come first, stored strings end in a double circle.
+    // Both printers leave out nodes that fewer than min_num strings reached, and put frequent children first.
+
+    /// A line a node: two blanks for each level below this one, the character (as U+200B and the like where it would
+    /// not be seen), the count, " *" where a stored string ends. Indents 100 levels at most: a deeper node says by how
+    /// many levels it lies below those, as in "+7 ". The root's line begins with "(root)".
+    void print(std::ostream& os, int min_num = 1) const;
+    /// A Graphviz graph; stored strings end in a double circle.
     void print_dot(std::ostream& os, int min_num = 1) const;
 
 protected:

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # usage: documented.sh PROGRAM SOURCE_FOLDER
-# Runs the commands of docs/library.md that begin with the program's name; each must print the lines that stand below it.
+# Runs the commands in docs/ that begin with the program's name; each must print the lines that stand below it.
 set -euo pipefail
 program=$1 source=$2 name=${1##*/}
 folder=$(mktemp -d)
@@ -9,9 +9,9 @@ cp -r "$source/examples" "$folder"
 cd "$folder"
 PATH=$(dirname "$program"):$PATH
 
-commands=$(grep -n "^    \$ $name\b" "$source/docs/library.md")
-while IFS=: read -r number command; do
-    awk -v first="$number" 'NR > first { if (!/^    ./ || /^    \$ /) exit; print substr($0, 5) }' "$source/docs/library.md" >expected
+commands=$(grep -Hn "^    \$ $name\b" "$source"/docs/*.md)
+while IFS=: read -r document number command; do
+    awk -v first="$number" 'NR > first { if (!/^    ./ || /^    \$ /) exit; print substr($0, 5) }' "$document" >expected
     bash -c "${command#*$ }" >output
     diff -u expected output
 done <<<"$commands"

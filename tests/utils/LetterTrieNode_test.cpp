@@ -59,6 +59,13 @@ TEST(LetterTrie, CountsMarksLeavesAndPrintsWhatIsFrequent) {
                         "    n0 [label=\"\\n8\", shape=doublecircle];\n    n1 [label=\"a\\n3\"];\n    n0 -> n1;\n"
                         "    n2 [label=\"b\\n2\", shape=doublecircle];\n    n1 -> n2;\n"
                         "    n3 [label=\"\\\"\\n2\", shape=doublecircle];\n    n0 -> n3;\n}\n");
+    os.str("");
+    trie.root.print(os, 2);
+    EXPECT_EQ(os.str(), "(root) 8 *\n  a 3\n    b 2 *\n  \" 2 *\n");
+    os.str("");
+    Trie({std::string("\0", 1), " ", "\n", "\x7f", "\u00e9", "\u202e", "\u2028", "\xff"}).root.print(os);
+    EXPECT_EQ(os.str(), "(root) 8\n  U+0000 1 *\n  U+000A 1 *\n  U+0020 1 *\n  U+007F 1 *\n  \u00e9 1 *\n"
+                        "  U+2028 1 *\n  U+202E 1 *\n  \ufffd 1 *\n");
 }
 
 TEST(LetterTrie, LooksUpWholeStringsAndProperPrefixes) {
@@ -176,6 +183,9 @@ TEST(LetterTrie, HoldsAndSearchesVeryLongStrings) {
         EXPECT_EQ(trie.root.lookup_string_fuzzy(word, 0, 3.0, matches, 99998, weight_end), 0);
         EXPECT_EQ(contents(matches)[word], 3);
     }
+    std::ostringstream os;
+    trie.root.print(os);
+    EXPECT_TRUE(os.str().ends_with("\n" + std::string(200, ' ') + "+99901 \u00e4 1 *\n"));
     trie.root.store_string(half, 0);
     Matches matches; // trying all paths would take minutes
     EXPECT_EQ(trie.root.lookup_string_fuzzy(half, 0, 2.0, matches, 0, 1.0), 0);
