@@ -12,13 +12,34 @@
 #include <iostream>
 #include <memory>
 
-/// Lemmatises a sentence: an external program proposes lemmas as noun and as verb, and a language model of lemmas
-/// chooses among them. FOLDER must exist; what the program printed is kept there for the next run.
+/// Lemmatises a sentence: an external program proposes lemmas by each of its models (here as noun and as verb), and a
+/// language model of lemmas chooses among them. FOLDER must exist; what the program printed is kept there for the next
+/// run.
 ///     lemma_candidates examples/candidates/lemmatizer.sh examples/candidates/lemmas examples/candidates/lemmas.arpa
 ///         FOLDER Marcus duci paret
 namespace {
 
 using Caches = std::map<std::string, zelvor::LineCache*>;
+
+/// The tags for which there is a model TAG.NAME beside the given FOLDER/NAME. Tags become part of a shell command, and
+/// whoever may name a file there could name a command.
+std::set<std::string> find_tags(const std::filesystem::path& model) {
+    std::set<std::string> tags;
+    const std::string ending = "." + model.filename().string();
+    std::error_code error; // an unreadable folder has no files
+    for (const auto& file :
+         std::filesystem::directory_iterator(std::filesystem::absolute(model).parent_path(), error)) {
+        const std::string name = file.path().filename().string();
+        if (!name.ends_with(ending))
+            continue;
+        const std::string tag = name.substr(0, name.size() - ending.size());
+        if (zelvor::is_shell_safe(tag))
+            tags.insert(tag);
+        else
+            std::cerr << "left out, the shell might read more than a name in it: " << name << '\n';
+    }
+    return tags;
+}
 
 /// The lines as they were printed, which fill_ocr_hashmap reads. A file that export_lemmatizer_map writes would come
 /// back with other keys, and its lines would never be found again.
@@ -64,7 +85,12 @@ int main(int argc, char** argv) {
         word_forms.insert(argv[i]);
     }
 
-    const std::set<std::string> tags{"n", "v"};
+    const std::set<std::string> tags = find_tags(argv[2]);
+    if (tags.empty()) {
+        std::cerr << "no model TAG." << std::filesystem::path(argv[2]).filename().string() << " beside " << argv[2]
+                  << '\n';
+        return 1;
+    }
     Caches caches;
     for (const std::string& tag : tags)
         zelvor::fill_ocr_hashmap(folder + "/" + tag + ".lines", *(caches[tag] = new zelvor::LineCache));

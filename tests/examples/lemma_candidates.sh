@@ -1,11 +1,15 @@
 #!/usr/bin/env bash
 # usage: lemma_candidates.sh PROGRAM EXAMPLES
 # The lemmatiser alone would take duco (0.7) for duci; the model has seen dux after marcus. The second run asks the
-# lemmatiser for the word forms alone that it did not know, and comes to the same lemmas.
+# lemmatiser for the word forms alone that it did not know, and comes to the same lemmas. No model's name is a command.
 set -euo pipefail
-program=$1 data=$2/candidates
+program=$1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
+data=$folder/data
+cp -r "$2/candidates" "$data"
+cd "$folder"
+touch "$data/\$(touch broken).lemmas"
 
 for asked in "duci marcus paret duci marcus paret" "paret marcus"; do
     "$program" "$data/lemmatizer.sh" "$data/lemmas" "$data/lemmas.arpa" "$folder" Marcus duci paret >"$folder/output"
@@ -21,6 +25,7 @@ END
     diff <(echo $asked) <(echo $(cat "$folder/Lemmatizer"))
     rm "$folder/Lemmatizer"
 done
+[ ! -e broken ]
 
 for model in "$folder" "$data/n.lemmas"; do
     status=0

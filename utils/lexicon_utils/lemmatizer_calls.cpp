@@ -136,6 +136,13 @@ void parse_output_line(const std::string& line, const WordFormContainers& contai
 
 } // namespace
 
+bool is_shell_safe(std::string_view tag) {
+    return !tag.starts_with('-') && std::ranges::all_of(tag, [](unsigned char c) {
+        return is_number_or_letter(c) ||
+               std::string_view("_.,:+@%=-").find(static_cast<char>(c)) != std::string_view::npos;
+    });
+}
+
 void call_lemmatizer(std::string temp_directory, log4cpp::Category* pcat, const std::set<std::string>& word_forms,
                      const std::string& lemmatizer_path, const std::string& lemma_model,
                      const std::string& lemma_seg_model, std::multimap<std::string, WordFormContainer*>& map_wfc,

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace log4cpp {
 class Category;
@@ -19,10 +20,15 @@ class Category;
 /// capital. A cache answers for the forms that it knows, and `modified` is set when lines are put into it. Inner caches
 /// made here are for free_lemmatizer_map; nothing else changes hands.
 ///
-/// Nothing is checked: the directory must exist, the program must run. Paths and model names stand in the shell command
-/// as they are, so they must hold no blanks and come from nobody else. Two calls at once need two directories. A null
-/// category is silent, a null cache knows nothing and keeps nothing.
+/// Nothing is checked: the directory must exist, the program must run. Paths, model names and TAGS stand in the shell
+/// command as they are: a blank parts them, and a tag such as "$(reboot)" is run. They must come from nobody else; ask
+/// is_shell_safe for each tag that was read from data. Word forms never reach the shell. Two calls at once need two
+/// directories. A null category is silent, a null cache knows nothing and keeps nothing.
 namespace zelvor {
+
+/// Whether the tag can do nothing but name a model, and a file where export_lemmatizer_map is to write: ASCII letters,
+/// digits and any of _.,:+@%=- only, the last not in front. Stricter than shells are: "PRP$" is refused.
+bool is_shell_safe(std::string_view tag);
 
 /// Adds every candidate. Always runs the program, and keeps nothing in the cache. Cached lines are parsed as one line,
 /// all of it for the first one's word form.
@@ -54,9 +60,9 @@ void call_ocr(std::string temp_directory, log4cpp::Category* pcat, const std::se
               std::multimap<std::string, WordFormContainer*>& map_wfc, std::map<std::string, std::string>* pmap_cache,
               bool& modified);
 
-/// Reads one output line; a line without candidates is ignored, and so is a field without "||". A line enters the cache
-/// unless its word form is there, and sets `modified` either way. Lemmas are added at the end of the list (add_tail) or
-/// merged by their best score.
+/// Reads one output line. One of fewer than two fields is passed over; any other enters the cache unless its word form
+/// is there, and sets `modified` either way, whatever its fields hold. A field without "||" is no candidate. Lemmas are
+/// added at the end of the list (add_tail) or merged by their best score.
 void parse_line(const std::string& line, std::multimap<std::string, WordFormContainer*>& map_wfc,
                 std::map<std::string, std::string>* pmap_pos_cache, bool& modified, bool add_tail);
 

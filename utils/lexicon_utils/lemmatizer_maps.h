@@ -19,7 +19,8 @@ class WordFormContainer;
 
 using LineCache = std::map<std::string, std::string>; ///< word form to the whole line
 
-/// Writes each tag's lines as "key:line" to the file named like the tag; an existing file is replaced.
+/// Writes each tag's lines as "key:line" to the file named like the tag; an existing file is replaced. Tags are not
+/// checked: "../outside" writes outside the directory (see is_shell_safe).
 void export_lemmatizer_map(const std::map<std::string, LineCache*>& map_cache, const std::string& directory);
 
 /// Lines "key<tab>line". The stored value is the whole line with key and tab, so that a hit names the word form

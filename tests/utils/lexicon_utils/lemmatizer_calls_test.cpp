@@ -139,5 +139,13 @@ TEST_F(ExternalPrograms, SurviveWhateverComesBack) {
     output();
 }
 
+TEST(ShellSafety, AllowsWhatNoShellReads) {
+    for (const char* tag : {"", "n", "NN-SG_1.2", ".", "A,b:c+d@e%f=g-"})
+        EXPECT_TRUE(is_shell_safe(tag)) << tag;
+    for (const std::string tag : {"$(", "N&N", "PRP$", "a b", "a\n", "../x", "-n", "~", "a*", "a;b", "`a`", "\xC3\xA4"})
+        EXPECT_FALSE(is_shell_safe(tag)) << tag;
+    EXPECT_FALSE(is_shell_safe(std::string_view("a\0b", 3)));
+}
+
 } // namespace
 } // namespace zelvor
