@@ -32,7 +32,7 @@ void parse_rules(const std::string& rule_filename, std::vector<Rule*>& vec_prule
 /// Reads a rule-and-feature file. Of two parts of speech with one name the first counts. All that is made here stays
 /// allocated until somebody frees it. An unreadable file leaves the map as it is. Whatever the XML library complains
 /// of, be it a mere warning, throws xmlpp::exception, and the map is unchanged. External entities are read from the
-/// file's own folder, others are left out without a word.
+/// file's folder and below, others are left out without a word.
 void parse_rules_features(const std::string& filename, RuleMap& map_set_rules);
 
 /// Whether some element ends with the suffix.
