@@ -61,10 +61,8 @@ private:
     /// Walks from every position that a boundary reaches, then drops, from the end on, what leads nowhere.
     void explore(std::size_t first) {
         for (std::size_t position = first; position < m_text.size(); ++position)
-            if (m_starts[position].reached) {
+            if (m_starts[position].reached)
                 m_starts[position] = walk(m_root, position, 0);
-                m_starts[position].reached = true;
-            }
         for (std::size_t position = m_text.size(); position-- > first;)
             m_starts[position].reached = prune(m_starts[position]);
     }

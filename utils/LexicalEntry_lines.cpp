@@ -2,7 +2,6 @@
 #include "utils/common_utils/text.h"
 
 #include <iostream>
-#include <stdexcept>
 #include <string_view>
 
 namespace zelvor {

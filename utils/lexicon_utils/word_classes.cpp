@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <string_view>
 
 namespace zelvor {
 
@@ -17,7 +16,7 @@ const std::string MODEL_LEMMAS[] = {"should", "may",   "might", "will", "would",
 namespace {
 
 bool is_roman_numeral(const std::string& text) {
-    static const boost::regex multinet_lemma_expression(
+    static const boost::regex multinet_lemma_expression( // the Roman numerals without those that end in IV
         "M*(C?C?C?|CD|D|DC?C?C?|CM)?(X?X?X?|XL|L|LX?X?X?|XC)((VI?I?I?)|(I?I?I?)|(IX))?");
     return boost::regex_match(convert_uppercase(text), multinet_lemma_expression);
 }
