@@ -4,8 +4,8 @@
 #include <iostream>
 #include <new>
 
-/// Converts a TEI corpus with a lexicon, which the command-line tool has no option for. The token lines go to standard
-/// output and the sentence separators to OUTPUT; with /dev/stdout as OUTPUT and a pipe behind it, both come in order:
+/// Converts a TEI corpus with a lexicon, which the command-line tool has no option for. Standard output gets the token
+/// lines, OUTPUT the sentence separators; with /dev/stdout as OUTPUT and a pipe behind it, both come in order:
 ///     convert_with_lexicon examples/corpus examples/lexicon.txt /dev/stdout | cat
 int main(int argc, char** argv) {
     if (argc != 4) {

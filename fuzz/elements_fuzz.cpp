@@ -79,7 +79,7 @@ void check_oanc(xmlpp::Element& element, const std::string& text) {
     const std::string found = encode_utf8(decode_utf8(entry.get_abbreviated_word_form()));
     const std::string at_span = encode_utf8(characters.substr(from, to - from));
     if (at_span.starts_with(entry.get_lemma()) && is_valid_utf8(text))
-        require_equal(found, at_span, "a form that begins with the lemma stands at its span");
+        require_equal(found, at_span, "where the lemma begins at the span, the span is kept");
     else if (is_valid_utf8(text))
         require_equal(found, encode_utf8(moved_form(characters, from, to)), "any other may stand a little behind");
 }

@@ -16,7 +16,7 @@ class Element;
 
 namespace zelvor {
 
-/// The smallest dictionary analysis: word form, lemma and part of speech.
+/// The smallest dictionary analysis: a form, its lemma, its tag.
 ///
 /// The word form is stored relative to the lemma: "-" where the two are equal, "-us" for amicus under amic, and as it
 /// stands otherwise. A stored form that begins with "-" always reads back as the lemma and the rest, whoever wrote it.
@@ -62,7 +62,7 @@ protected:
 /// The elements in ascending order, joined with ",".
 void write_set(std::set<std::string>& values, std::ostream& os);
 
-/// Word form, lemma and part of speech, each followed by a tab; no line end.
+/// Writes form, lemma and part of speech with a tab behind each; no line end.
 std::ostream& operator<<(std::ostream& os, BaseLexicalEntry& entry);
 
 } // namespace zelvor

@@ -45,15 +45,15 @@ public:
     void set_semtype(const std::string& semtype) { m_semtype = semtype; }
     int get_num_tokens() const { return m_num_tokens; } ///< columns of the line that was parsed last
 
-    /// Empties case, word form, lemma, comparison degree, number, person, mood and tense; the rest stays.
+    /// Empties word form and lemma, and all features but gender and semtype; suffixes, tags and provenance stay.
     void reset();
 
     /// Reads an export line that the caller has split at single tabs, empty columns kept (parse() would drop them).
     /// Features whose column is missing become empty; the suffixes stay.
     void parse_tokens(const std::vector<std::string>& tokens) override;
 
-    /// Writes one line of 15 tab-separated columns (see headline()) per mood of the entry, and flushes. An entry
-    /// without lemma, word form or part of speech, and a null stream, write nothing.
+    /// Writes one line of 15 tab-separated columns (see headline()) per mood of the entry, and flushes. Writes
+    /// nothing to a null stream, and nothing of an entry that lacks lemma, form or part of speech.
     void export_entry(std::ostream* pofs) const;
     std::string to_string() const; ///< what export_entry writes
 
@@ -65,7 +65,9 @@ public:
     /// case, person and part of speech of the lemma, and semtypes that do not contradict. That entry then takes all six
     /// provenance sets and the combined values of case, comparison degree, number, mood, part of speech of the lemma
     /// and semtype; returns false, and the caller keeps this entry. Otherwise both containers take this one and their
-    /// owner owns it; returns true. Map values that are no English entries are passed over.
+    /// owner owns it; returns true. Map values that are no English entries are passed over. An entry that they hold
+    /// already is folded into itself: false. Not virtual: called through an EnglishLexicalEntry*, it merges a
+    /// LexicalEntry as an English one.
     bool merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_representations,
                std::multimap<std::string, BaseLexicalEntry*>& map_lexical_entries, bool extended_comparison);
 
@@ -92,7 +94,7 @@ private:
     friend std::string headline();
 };
 
-/// True when either string is empty or both are equal.
+/// Whether the values do not contradict: the empty one agrees with all.
 bool null_equals(const std::string& s1, const std::string& s2);
 
 /// The header of an export file: "#" and the 15 column names, tab-separated, no line end.

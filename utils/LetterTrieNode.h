@@ -36,12 +36,12 @@ inline std::uint64_t child_slot(gunichar c) {
 /// code points; a position beyond the string counts as its end. Strings are told apart by their characters alone: no
 /// collation, no case folding, no normalisation.
 ///
-/// Build: make a root, call store_string(word, 0) on it for each word. Free: delete_tree(root) on the root, then delete
-/// the root. A node owns its children, but its destructor frees none of them.
+/// Build: make a root, call store_string(word, 0) on it for each word. Freeing it takes two steps: what is
+/// below by root.delete_tree(&root), then the root. A node owns its children, but its destructor frees none of them.
 class LetterTrieNode : public Pooled<LetterTrieNode> {
 public:
     using FuzzyMatches = std::set<std::pair<double, Glib::ustring>*>; ///< (budget left, stored string); owned by caller
-    using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each the stored strings in input order
+    using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each in the order of the input
 
     LetterTrieNode() = default; ///< a root
     explicit LetterTrieNode(gunichar c) : m_c(c) {}
@@ -60,14 +60,14 @@ public:
     /// leaf at the start, or at the end of an empty str, gives current_index.
     int lookup_string_prefix(const Glib::ustring& str, unsigned int current_index) const;
 
-    /// Appends to suffix the characters of str that the trie holds, with "|" before each at which fewer than a third
-    /// of the strings that reached the node before go on; never before the first character.
+    /// Follows str down the trie and appends to suffix each character that is found, U+FFFD for an invalid byte: with
+    /// "|" before it where less than a third of all that came so far share it, but never before the first.
     void find_suffix(const Glib::ustring& str, unsigned int current_index, Glib::ustring& suffix) const;
 
     Glib::ustring read_off() const; ///< the string from the root to this node
     /// The paths of the stacked nodes, the bottom one first, then the path of this node, with blanks between them.
     Glib::ustring read_off_stack(std::stack<LetterTrieNode*> stack_letter_trie) const;
-    void read_off_intern(Glib::ustring& s) const; ///< puts this node's path in front of s
+    void read_off_intern(Glib::ustring& s) const; ///< makes s begin with this node's path
     void read_off_stack_intern(Glib::ustring& s, std::stack<LetterTrieNode*>& stack_letter_trie) const; ///< empties it
 
     /// Deletes all nodes below this one, except proot (which may be null) and what hangs below it: children before
@@ -90,13 +90,13 @@ public:
     void add_child(LetterTrieNode* pletter_trie_node, int position);
 
     /// Adds every stored string within the edit budget `tolerance` to set_lemmas, with the budget that is left (higher
-    /// is closer), and returns the smallest number of edit steps of any match, -1 for none. For a string that is there
-    /// already the budget is replaced when the new one is greater than the old one cut to an integer.
-    /// Deletion (weight_end at a leaf), insertion and transposition cost 1; a substitution costs lookup_weight of the
-    /// character before the substituted one and the input's, so the table has no say in a first character. Edits need
-    /// a budget above 0 and start at start_threshold; the last one may overdraw. A match ends its path: longer stored
-    /// strings are not reached through it. The search is exhaustive: with a weight table or another weight_end than 1
-    /// its time is exponential in the budget, and nothing caps it.
+    /// is closer), and returns the fewest edit steps that led to one, -1 where there is none. For a string that is
+    /// there already the budget is replaced when the new one is greater than the old one cut to an integer. Deletion
+    /// (weight_end at a leaf), insertion and transposition cost 1; a substitution costs lookup_weight of the character
+    /// before the substituted one and the input's, so the table has no say in a first character. Edits need a budget
+    /// above 0 and start at start_threshold; the last one may overdraw. A match ends its path: longer stored strings
+    /// are not reached through it. The search is exhaustive: with a weight table or another weight_end than 1 its time
+    /// is exponential in the budget, and nothing caps it.
     int lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                             FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end);
     /// As above; besides, before the first character that is kept or substituted, a skipped one may be a boundary after

@@ -39,7 +39,7 @@ struct DeclensionEntry {
     Gender gender;
 };
 
-/// The full analysis of one Latin word form, as the Latin lexicon stores it. Ids and frequencies stay text.
+/// A Latin word form with all its categories, and what the lexicon notes of it. Ids and frequencies stay text.
 class LexicalEntry : public EnglishLexicalEntry, public Pooled<LexicalEntry> {
 public:
     LexicalEntry() = default;
@@ -105,8 +105,8 @@ public:
     }
     bool contains_originating_pos(const std::string& str) const { return m_originating_pos.contains(str); }
 
-    /// A fresh analysis of the same form, which the caller owns: form, lemma, parts of speech and categories, but no
-    /// mood, gender, voice, ids, provenance or bookkeeping.
+    /// A new entry, owned by the caller, with this one's form, lemma, parts of speech and categories, but for mood,
+    /// gender and voice, and without ids, provenance and bookkeeping.
     LexicalEntry* clone();
 
     // One line of the Latin lexicon, fields separated by "#" (see docs/formats.md), read into a fresh entry. A line
@@ -133,7 +133,8 @@ public:
     /// speech that does not contradict; with extended_comparison no other category may contradict either (an empty
     /// value contradicts nothing). That entry then takes the three source sets and fills its empty fields, mood, tense
     /// and voice excepted; returns false, and the caller keeps this entry. Otherwise both containers take this one and
-    /// their owner owns it; returns true. Map values that are no Latin entries are passed over.
+    /// their owner owns it; returns true. Map values that are no Latin entries are passed over. An entry that they hold
+    /// already is folded into itself: false.
     bool merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_representations,
                std::multimap<std::string, BaseLexicalEntry*>& map_lexical_entries, bool extended_comparison);
 

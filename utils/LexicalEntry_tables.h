@@ -88,7 +88,7 @@ struct LexicalEntry::Tables {
                                        &LexicalEntry::m_conjugation_type,
                                        &LexicalEntry::m_pronoun};
 
-    /// What an extended comparison of a merge tests besides lemma, word form and part of speech.
+    /// What an extended comparison of a merge tests beyond a plain one.
     static constexpr Field COMPARED[] = {&LexicalEntry::m_tense,
                                          &LexicalEntry::m_number,
                                          &LexicalEntry::m_mood,

@@ -18,8 +18,8 @@ bool intersection_empty(const std::set<T>* a, const std::set<T>* b) {
     return !a || !b || std::ranges::none_of(*a, [b](const T& value) { return b->contains(value); });
 }
 
-/// An entry that records where it came from: the values of the entries folded into it (originating sets) and the names
-/// of the sources that attest its lemma, word form and part of speech (originating source sets). All sets ascend in
+/// An entry that records where it came from: the lemmas, forms and tags of the entries folded into it (originating
+/// sets) and the names of the sources that attest each of these three (originating source sets). All sets ascend in
 /// byte order. Constructors leave them empty; readers and merges fill them.
 class OriginatingLexicalEntryRepresentation : public BaseLexicalEntry {
 public:
@@ -38,7 +38,8 @@ public:
     /// Folds this entry into the first one under its lemma with the same stored word form and part of speech: the
     /// originating sets are united, the source sets are not; returns false, and the caller keeps this entry. Without
     /// such an entry both containers take this one, which their owner then owns; returns true. Null entries are passed
-    /// over; extended_comparison has no effect here.
+    /// over; an entry that the containers hold already is folded into itself: false. extended_comparison has no effect
+    /// here.
     virtual bool merge(std::vector<OriginatingLexicalEntryRepresentation*>& vec_lexical_entry_representations,
                        std::multimap<std::string, OriginatingLexicalEntryRepresentation*>& map_lexical_entries,
                        bool extended_comparison);
@@ -119,8 +120,8 @@ protected:
     friend std::ostream& operator<<(std::ostream& os, OriginatingLexicalEntryRepresentation& entry);
 };
 
-/// The entry as BaseLexicalEntry prints it, then its originating lemmas, word forms and parts of speech (comma lists,
-/// or "all"), separated by tabs; no line end.
+/// The entry as BaseLexicalEntry prints it, then its three originating sets, lemmas first and parts of speech last
+/// (comma lists, or "all"), separated by tabs; no line end.
 std::ostream& operator<<(std::ostream& os, OriginatingLexicalEntryRepresentation& entry);
 
 } // namespace zelvor

@@ -22,9 +22,9 @@ public:
 
     int feature_vector_size() const; ///< how many feature sets; 0 without any
 
-    /// Sets the features of one set in the entry: COMPARISON_DEGREE, NUMERUS, PERSON, MOOD, TENSE, WFPOS (the part of
-    /// speech of the word form) and CASE. Other names are ignored. Throws std::out_of_range for a number outside the
-    /// sets; does nothing for a rule without any.
+    /// Sets the features of one set in the entry: COMPARISON_DEGREE, NUMERUS, PERSON, MOOD, TENSE, WFPOS (the form's
+    /// own tag) and CASE. Other names are ignored. Throws std::out_of_range for a number outside the sets; does nothing
+    /// for a rule without any.
     void fill_features(EnglishLexicalEntry& english_lexical_entry, int feature_set_number) const;
 
     void apply_rule_features(const std::string& input, EnglishLexicalEntry* plexical_english_entry) const; ///< nothing

@@ -10,8 +10,8 @@ namespace zelvor {
 
 class BaseLexicalEntry;
 
-/// What is known of one token of running text besides its dictionary analysis: its spelling, the entries it was matched
-/// to, ranked candidates, and what was chosen. Owns neither the entries nor the embedding vector that it refers to.
+/// A word of a text: how it is spelled, the entries that it was matched to, ranked candidates, and what was chosen
+/// among them. Owns neither the entries nor the embedding vector that it refers to.
 class WordFormContainer {
 public:
     using Candidates = std::vector<std::pair<std::string, double>>; ///< (text, score)

@@ -2,7 +2,7 @@
 
 #include <signal.h>
 
-/// A report on standard error when the process receives a segmentation fault, and exit status 1.
+/// What follows a segmentation fault: a report on standard error, and exit status 1.
 namespace zelvor {
 
 /// The kernel's record of an interrupted context (x86-64).

@@ -12,10 +12,10 @@ namespace zelvor {
 /// precedes it within each piece of at most 127 bytes. "ERROR " and the error number when the shell cannot be started.
 std::string exec(const std::string& cmd);
 
-/// Whether diff finds the texts equal but for amounts of white space and blank lines. Writes them to file1.txt and
-/// file2.txt in temp_directory, leaves these there, and prints what diff says to standard output. False when there is
-/// no such directory; files that are there and cannot be written are compared as they are. The directory is put into a
-/// shell command as it is: no blanks, nothing from outside.
+/// Whether diff finds no difference in the texts, overlooking empty lines and how wide white space is. Writes them to
+/// file1.txt and file2.txt in temp_directory, leaves these there, and prints what diff says to standard output. False
+/// when there is no such directory; files that are there and cannot be written are compared as they are. The directory
+/// is put into a shell command as it is: no blanks, nothing from outside.
 bool equivalent(const std::string& s1, const std::string& s2, const std::string& temp_directory);
 
 /// The one stopwatch of the process, without locking: the last reading, and the start in seconds and microseconds.

@@ -48,8 +48,8 @@ std::shared_ptr<std::vector<std::string>> tokenize(const std::string& s, const s
 void tokenize_arg(const std::string& s, const std::string& sep, std::vector<std::string>& tokens);  ///< appends
 void tokenize_arg_set(const std::string& s, const std::string& sep, std::set<std::string>& tokens); ///< inserts
 
-/// Appends the segments of word between separators. The separator is meant to be one character: of a longer one only
-/// the first code point is skipped, and the rest opens the next segment. An empty separator does not split.
+/// Appends the segments of word between separators. Meant for a separator of one character: only the first code point
+/// of a longer one is skipped, and the rest opens the next segment. An empty separator does not split.
 void tokenize_ustring(const Glib::ustring& word, const Glib::ustring& separator,
                       std::vector<Glib::ustring>& target_segments, bool allow_empty_segments);
 

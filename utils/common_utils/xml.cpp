@@ -26,7 +26,7 @@ std::optional<std::string_view> entity_name(std::string_view text, std::size_t p
     return std::nullopt;
 }
 
-/// kept: only "amp" and decimal numbers count as escaped already; other names get an "&amp" that ends in no semicolon.
+/// kept: before "amp;" and before a number the ampersand stays; before any other name it becomes "&amp" alone.
 std::string_view escape_ampersand(std::string_view text, std::size_t position) {
     const std::optional<std::string_view> name = entity_name(text, position);
     if (!name || trimmed(*name).size() < name->size())

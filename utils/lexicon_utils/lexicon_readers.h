@@ -13,8 +13,8 @@ class LexicalEntry;
 /// Latin endings and the cases, a comma list, that each allows; a pair of empty strings ends the table.
 extern const std::string CASE_MAPPING[][2];
 
-/// One lexicon line: word form, lemma and part of speech, separated by tabs, each trimmed. Note the order of the
-/// results. Throws std::out_of_range for fewer than three fields.
+/// Splits a lexicon line at tabs: form, lemma and tag, each trimmed. Note the order of the results. Throws
+/// std::out_of_range for fewer than three fields.
 void parse(const std::string& line, std::string& lemma, std::string& word_form, std::string& pos);
 
 /// Adds the lemma and the word form of every line; throws as parse() does.

@@ -21,7 +21,7 @@ class EnglishLexicalEntry;
 /// which rule sets are visited means nothing.
 using RuleMap = std::map<std::string, std::set<std::vector<Rule*>*>*>;
 
-/// Whether p1's premise is at least as long as p2's. True for equal lengths, so no order to sort by.
+/// Whether p1's premise is at least as long as p2's. Of equally long ones either precedes: nothing for std::sort.
 bool length_greater(Rule* p1, Rule* p2);
 
 /// Appends a rule per line of a plain rule file ("conclusion premise", or a conclusion alone), which the caller owns,

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-/// Suffixes of English entries, found with a letter trie of reversed word forms: the caller stores those (with
-/// LetterTrieNode::store_string) and hands the root in; nothing is stored here.
+/// Suffixes of English entries, told by how many word forms share an end: the caller stores the forms, reversed, in a
+/// trie (LetterTrieNode::store_string) and hands its root in; nothing is stored here.
 namespace zelvor {
 
 class EnglishLexicalEntry;
@@ -14,7 +14,8 @@ class WordFormContainer;
 /// Sets suffix1 to the last piece of the word form as LetterTrieNode::find_suffix marks it, and from more than two
 /// (three) pieces suffix2 (suffix3) to the last two (three), if that has fewer bytes than half the characters of the
 /// word form. Where what the trie knows of the word form does not begin with a letter (of the C locale in use, by its
-/// first byte), nothing is set; slots that are not set keep what they hold. Null arguments do nothing.
+/// first byte), nothing is set; slots that are not set keep what they hold. A byte that is not valid
+/// UTF-8 comes back as U+FFFD, where the trie has one. Null arguments do nothing.
 void extract_suffixes_from_lexical_entry(LetterTrieNode* pletter_trie_node,
                                          EnglishLexicalEntry* penglish_lexical_entry);
 

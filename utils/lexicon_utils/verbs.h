@@ -7,8 +7,8 @@ namespace zelvor {
 
 class EnglishLexicalEntry;
 
-/// Gives forms of "be", "do" and the modal verbs, whose lemma has the tag VB, their own tags, compared exactly. For
-/// "being", "am" and "do" the specific tag goes to the lemma, for all others to the word form.
+/// Gives forms of "be", "do" and the modal verbs, whose lemma has the tag VB, their own tags, compared exactly. Most
+/// tags are the word form's; of "being", "am" and "do" the lemma gets the finer one.
 void concretize_verb_pos(EnglishLexicalEntry& english_lexical_entry);
 
 /// Nine columns (word form before lemma in each triple) and a present indicative of the first and second person, 15
