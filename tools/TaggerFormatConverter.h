@@ -18,7 +18,8 @@ struct TaggerFormatConverterParams {
 };
 
 /// Converts TEI training texts: one line "WORD_FORM POS" per token on standard output, one empty line per sentence in
-/// the output file. Both streams are in step: a sentence's token lines are written before its separator.
+/// the output file. Both streams are in step: a sentence's token lines are written before its separator. Its log is
+/// opened before main(), in every program that links it, and the path of the log printed as a line on standard output.
 class TaggerFormatConverter {
 public:
     TaggerFormatConverter();

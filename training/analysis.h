@@ -27,8 +27,8 @@ struct Analysis {
     std::string lemma;
 };
 
-/// The JSON of a token's lemma attribute, which must not be empty: drops the character at each end and turns single
-/// quotes into the double ones of JSON.
+/// The JSON of a token's lemma attribute, which must not be empty: drops the byte at each end (the character there must
+/// be ASCII) and turns single quotes into the double ones of JSON.
 void unwrap_analysis(std::string& json);
 
 /// Reads analyses and remembers them: analyses repeat as words do. What is remembered is bounded: of more analyses than
