@@ -61,7 +61,7 @@ void AttributeAnnotation::add_token(const TeiToken& token) {
     annotated.is_overlong = token.text.size() > MAX_TOKEN_TEXT;
     if (token.form.empty() && !annotated.is_overlong)
         annotated.flaw = ConversionReport::NO_FORM;
-    if (!annotated.flaw) {
+    if (!annotated.flaw && m_sentences.is_in_sentence()) {
         read_tag(token, annotated);
         if (m_wants_lemma)
             read_value(m_options.lemma, token, m_lemma);

@@ -1,20 +1,15 @@
 #include "training/AttributeTokens.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace zelvor {
 
 AttributeTokens::AttributeTokens(const ConversionOptions& options, TeiTokenReceiver& receiver) : m_receiver(receiver) {
-    const auto set = [this](const ConversionOptions::Names& names, Role role) {
-        for (const std::string& name : names)
-            m_roles.emplace(name, role); // the first role of a name counts
-    };
-    set(options.skip, Role::SKIPPED);
-    set(options.word, Role::WORD);
-    set(options.punctuation_elements(), Role::PUNCTUATION);
-    set(options.sentence, Role::SENTENCE);
-    set({"choice"}, Role::CHOICE);
+    m_roles.add(options.skip, Role::SKIPPED);
+    m_roles.add(options.word, Role::WORD);
+    m_roles.add(options.punctuation_elements(), Role::PUNCTUATION);
+    m_roles.add(options.sentence, Role::SENTENCE);
+    m_roles.add({"choice"}, Role::CHOICE);
     m_rejected = options.original_choice ? ConversionOptions::Names{"corr", "reg", "expan"}
                                          : ConversionOptions::Names{"sic", "orig", "abbr"};
 }
@@ -23,11 +18,6 @@ void AttributeTokens::begin_document() {
     m_open.clear();
     m_open_words.clear();
     m_skipped = 0;
-}
-
-AttributeTokens::Role AttributeTokens::role_of(std::string_view name) const {
-    const auto found = m_roles.find(name);
-    return found == m_roles.end() ? Role::NONE : found->second;
 }
 
 bool AttributeTokens::is_rejected(std::string_view name) const {
@@ -40,7 +30,7 @@ void AttributeTokens::begin_element(std::string_view qualified_name, const XmlAt
         ++m_skipped;
         return;
     }
-    Role role = role_of(name);
+    Role role = m_roles[name];
     if (role == Role::SKIPPED) {
         ++m_skipped;
         return;

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "training/ConversionOptions.h"
+#include "training/ElementRoles.h"
 #include "training/Token.h"
 #include "training/TokenAttributes.h"
 #include "training/XmlReader.h"
 
-#include <cstdint>
-#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -49,21 +48,20 @@ public:
     void cdata(std::string_view text) override { this->text(text); }
 
 private:
-    enum class Role : std::uint8_t { NONE, SENTENCE, WORD, PUNCTUATION, SKIPPED, CHOICE };
+    using Role = ElementRole;
 
     struct OpenWord {
         std::size_t begin; ///< of its text
         bool holds_words = false;
     };
 
-    Role role_of(std::string_view name) const;
     bool is_rejected(std::string_view name) const;
     void begin_token(const XmlAttributes& attributes, bool is_punctuation);
     void begin_inner_word(const XmlAttributes& attributes);
     void end_inner_word();
     void end_token();
 
-    std::map<std::string, Role, std::less<>> m_roles;
+    ElementRoles m_roles;
     ConversionOptions::Names m_rejected; ///< children of a choice
     TeiTokenReceiver& m_receiver;
     std::vector<Role> m_open;  ///< elements, those within skipped ones excepted

@@ -1,6 +1,7 @@
 #include "training/ColumnLines.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace zelvor {
@@ -10,15 +11,20 @@ namespace {
 constexpr std::size_t ENOUGH_TO_WRITE = 65536;
 
 /// Whether a breaking character can begin with this byte.
-bool may_break(char c) {
-    return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '\xC2' || c == '\xE2' || c == '\xED';
-}
+constexpr auto MAY_BREAK = [] {
+    std::array<bool, 256> may_break{};
+    for (std::size_t c = 0; c <= ' '; ++c)
+        may_break[c] = true;
+    for (const unsigned char c : {0x7F, 0xC2, 0xE2, 0xED})
+        may_break[c] = true;
+    return may_break;
+}();
 
 bool is_breaking(std::string_view value) {
     if (value.empty())
         return true;
     for (std::size_t i = 0; i < value.size(); ++i)
-        if (may_break(value[i]) && breaking_character(value, i) != 0)
+        if (MAY_BREAK[static_cast<unsigned char>(value[i])] && breaking_character(value, i) != 0)
             return true;
     return false;
 }
@@ -79,17 +85,17 @@ std::string_view ColumnLines::value_of(const Column& column, const Token& token)
     return token.others[column.other];
 }
 
-std::optional<bool> ColumnLines::append(Column::Kind kind, std::string_view value) {
+/// Appends what stands for a value that cannot be written as it is, if there is something.
+void ColumnLines::append_odd(Column::Kind kind, std::string_view value, TokenOutcome& outcome) {
     const bool may_be_empty = !m_options.has_lexicon || kind > Column::Kind::POS;
-    if (value.empty() && may_be_empty)
+    if (value.empty() && may_be_empty) {
         m_lines += '_';
-    else if (!is_breaking(value))
-        m_lines += value;
-    else if (m_options.on_bad_token != ConversionOptions::BadToken::REPLACE)
-        return std::nullopt;
-    else
-        return append_replaced(m_lines, value), true;
-    return false;
+    } else if (m_options.on_bad_token == ConversionOptions::BadToken::REPLACE) {
+        append_replaced(m_lines, value);
+        outcome.is_replaced = true;
+    } else {
+        outcome.is_written = false;
+    }
 }
 
 TokenOutcome ColumnLines::add(const Token& token) {
@@ -99,15 +105,16 @@ TokenOutcome ColumnLines::add(const Token& token) {
         return {false, false, ConversionReport::NO_TAG};
     const std::size_t begin = m_lines.size();
     TokenOutcome outcome{true, false, {}};
-    bool is_broken = false;
     for (const Column& column : m_options.columns) {
-        if (&column != &m_options.columns.front())
+        if (m_lines.size() > begin)
             m_lines += m_options.separator;
-        const std::optional<bool> is_replaced = append(column.kind, value_of(column, token));
-        is_broken = is_broken || !is_replaced;
-        outcome.is_replaced = outcome.is_replaced || is_replaced.value_or(false);
+        const std::string_view value = value_of(column, token);
+        if (!is_breaking(value))
+            m_lines += value;
+        else
+            append_odd(column.kind, value, outcome);
     }
-    if (is_broken || m_lines.size() - begin > MAX_TOKEN_LINE) {
+    if (!outcome.is_written || m_lines.size() - begin > MAX_TOKEN_LINE) {
         m_lines.resize(begin);
         return {false, false, ConversionReport::BREAKS_LINE};
     }

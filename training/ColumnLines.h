@@ -30,8 +30,7 @@ public:
 
 private:
     static std::string_view value_of(const Column& column, const Token& token);
-    /// Appends the value; true where it had to be replaced, nothing where it breaks the line.
-    std::optional<bool> append(Column::Kind kind, std::string_view value);
+    void append_odd(Column::Kind kind, std::string_view value, TokenOutcome& outcome);
 
     const ConversionOptions& m_options;
     const Column& m_tag; ///< the column that must not be empty

@@ -28,11 +28,11 @@ ConversionReport::Count flaw_of(Analysis::Outcome outcome) {
 
 LexiconAnnotation::LexiconAnnotation(const ConversionOptions& options, const TagLexicon& lexicon, const TagMap* map,
                                      std::size_t jobs)
-    : m_options(options), m_lexicon(lexicon), m_map(map), m_analysis_reader(jobs) {
+    : m_options(options), m_lexicon(lexicon), m_map(map), m_analysis_reader(AnalysisReader::Text::WRAPPED, jobs) {
     m_others.resize(static_cast<std::size_t>(std::ranges::count(options.columns, Column::Kind::OTHER, &Column::kind)));
 }
 
-const Token& LexiconAnnotation::annotate_word(std::string_view text, std::string& analysis,
+const Token& LexiconAnnotation::annotate_word(std::string_view text, const std::string& analysis,
                                               const TokenAttributes& attributes) {
     begin(text);
     if (analysis.size() <= 1)
@@ -61,10 +61,7 @@ Token& LexiconAnnotation::begin(std::string_view text) {
     return m_token;
 }
 
-void LexiconAnnotation::read_analysis(std::string_view text, std::string& json) {
-    if (m_options.verbose)
-        m_detail = json; // as the document has it
-    unwrap_analysis(json);
+void LexiconAnnotation::read_analysis(std::string_view text, const std::string& json) {
     const Analysis& analysis = m_analysis_reader.read(m_json_reader, json);
     const bool has_id = analysis.outcome == Analysis::Outcome::FOUND;
     const std::string* const tag = has_id ? m_lexicon.find(analysis.id) : nullptr;
@@ -75,8 +72,8 @@ void LexiconAnnotation::read_analysis(std::string_view text, std::string& json) 
         return;
     }
     m_token.flaw = flaw_of(analysis.outcome);
-    if (has_id)
-        m_detail = std::to_string(analysis.id);
+    if (m_options.verbose)
+        m_detail = has_id ? std::to_string(analysis.id) : json;
     m_token.detail = m_detail;
 }
 

@@ -4,43 +4,39 @@
 
 namespace zelvor {
 
-namespace {
-
-bool contains(const ConversionOptions::Names& names, std::string_view name) {
-    return std::ranges::find(names, name) != names.end();
+LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation& annotation, Sentences& sentences)
+    : m_wants_attributes(std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
+                         options.columns.end()),
+      m_annotation(annotation), m_sentences(sentences) {
+    m_roles.add(options.word, ElementRole::WORD);
+    m_roles.add(options.punctuation_elements(), ElementRole::PUNCTUATION);
+    m_roles.add(options.sentence, ElementRole::SENTENCE);
 }
 
-} // namespace
-
-LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation& annotation, Sentences& sentences)
-    : m_options(options), m_punctuation(options.punctuation_elements()),
-      m_wants_attributes(std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
-                         options.columns.end()),
-      m_annotation(annotation), m_sentences(sentences) {}
-
-void LexiconTokens::begin_element(std::string_view qualified_name, const XmlAttributes& attributes) {
-    const std::string_view name = local_name(qualified_name);
-    if (contains(m_options.word, name) || contains(m_punctuation, name))
-        begin_token(attributes);
-    else if (contains(m_options.sentence, name))
+void LexiconTokens::begin_element(std::string_view name, const XmlAttributes& attributes) {
+    const ElementRole role = m_roles[local_name(name)];
+    if (role == ElementRole::SENTENCE)
         m_sentences.begin_sentence();
+    else if (role != ElementRole::NONE)
+        begin_token(attributes);
 }
 
 void LexiconTokens::begin_token(const XmlAttributes& attributes) {
     m_is_in_token = true;
     m_text.clear();
     m_analysis = attributes.value("lemma");
+    m_is_read = false;
     if (m_wants_attributes)
         m_attributes.assign(attributes);
 }
 
-void LexiconTokens::end_element(std::string_view qualified_name) {
-    const std::string_view name = local_name(qualified_name);
-    if (contains(m_options.word, name))
+void LexiconTokens::end_element(std::string_view name) {
+    const ElementRole role = m_roles[local_name(name)];
+    if (role == ElementRole::WORD)
         end_word();
-    else if (contains(m_punctuation, name))
+    else if (role == ElementRole::PUNCTUATION)
         end_punctuation();
-    else if (contains(m_options.sentence, name))
+    else if (role == ElementRole::SENTENCE)
         m_sentences.end_sentence();
 }
 
@@ -50,6 +46,9 @@ void LexiconTokens::text(std::string_view text) {
 }
 
 void LexiconTokens::end_word() {
+    if (m_is_read && m_analysis.size() > 1)
+        unwrap_analysis(m_analysis); // kept: a word within this one has left its own, unwrapped
+    m_is_read = true;
     const Token& token = m_annotation.annotate_word(m_text, m_analysis, m_attributes);
     m_sentences.add(token, m_text);
     if (token.flaw != ConversionReport::NOT_JSON) // kept: text is gathered on then, up to the next token

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "training/ElementRoles.h"
 #include "training/LexiconAnnotation.h"
 #include "training/Sentences.h"
 #include "training/XmlReader.h"
@@ -28,13 +29,13 @@ private:
     void end_punctuation();
     void end_token();
 
-    const ConversionOptions& m_options;
-    ConversionOptions::Names m_punctuation;
+    ElementRoles m_roles;
     bool m_wants_attributes;
     LexiconAnnotation& m_annotation;
     Sentences& m_sentences;
     bool m_is_in_token = false;
     std::string m_text, m_analysis;
+    bool m_is_read = false; ///< the analysis
     TokenAttributes m_attributes;
 };
 

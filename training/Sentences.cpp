@@ -72,7 +72,9 @@ void Sentences::add(const Token& token, std::string_view text) {
     if (m_sink->is_cancelled())
         throw ConversionCancelled();
     if (!is_in_sentence())
-        return add_outside(token, text);
+        return leave_out(m_rule == SentenceRule::TO_NEXT && token.flaw ? *token.flaw
+                                                                       : ConversionReport::OUTSIDE_SENTENCE,
+                         text, token.detail);
     const TokenOutcome outcome =
         token.is_overlong ? TokenOutcome{false, false, ConversionReport::BREAKS_LINE} : m_format.add(token);
     if (outcome.reason) {
@@ -89,14 +91,6 @@ void Sentences::add(const Token& token, std::string_view text) {
     if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
         if (const std::string some = m_format.take_some(); !some.empty())
             m_sink->write(some, std::exchange(m_unwritten, 0));
-}
-
-/// What a token lacks is told rather than where it stands, but not that it would break a line.
-void Sentences::add_outside(const Token& token, std::string_view text) {
-    const std::optional<ConversionReport::Count> reason = m_format.add(token).reason;
-    m_format.clear();
-    leave_out(reason && *reason != ConversionReport::BREAKS_LINE ? *reason : ConversionReport::OUTSIDE_SENTENCE, text,
-              token.detail);
 }
 
 void Sentences::leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail) {

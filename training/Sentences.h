@@ -71,7 +71,6 @@ public:
 private:
     /// Writes the sentence so many times. Where that is never, its tokens are in no sentence.
     void finish(std::uint64_t times);
-    void add_outside(const Token& token, std::string_view text);
     void drop(ConversionReport::Count reason);
     void write(std::uint64_t times);
     void leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail);

@@ -7,10 +7,16 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::string_view BLANKS = " \t\r\n";
 constexpr std::string_view XML_PREFIX = "xml:";
 
-bool is_blank(char c) { return BLANKS.find(c) != std::string_view::npos; }
+bool is_blank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+
+/// Where, from a place on, the first character is that is a blank, or that is none; the end where there is none.
+std::size_t find_blank(std::string_view text, std::size_t i, bool wants_blank) {
+    while (i < text.size() && is_blank(text[i]) != wants_blank)
+        ++i;
+    return i;
+}
 
 /// What stands before the first `separator`, which goes with it.
 std::string_view next_part(std::string_view& text, char separator) {
@@ -54,16 +60,20 @@ std::string_view value_of_key(std::string_view pairs, std::string_view key) {
     return {};
 }
 
+bool has_empty_part(std::string_view pairs) {
+    return pairs.starts_with('|') || pairs.ends_with('|') || pairs.find("||") != std::string_view::npos;
+}
+
 /// In place: value is the whole of an attribute.
-void drop_tags(std::string& value) {
-    if (value.find("PosTag") == std::string::npos)
+void keep_features(std::string& value) {
+    if (value.find("PosTag") == std::string::npos && !has_empty_part(value))
         return;
     std::string kept;
     for (std::string_view rest = value; !rest.empty();) {
         const std::string_view pair = next_part(rest, '|');
         std::string_view key = pair;
         key = trimmed_blanks(next_part(key, '='));
-        if (key != "UPosTag" && key != "XPosTag")
+        if (!pair.empty() && key != "UPosTag" && key != "XPosTag")
             kept.append(kept.empty() ? "" : "|").append(pair);
     }
     collapse_blanks(kept, value);
@@ -72,17 +82,11 @@ void drop_tags(std::string& value) {
 } // namespace
 
 void collapse_blanks(std::string_view text, std::string& value) {
-    value.clear();
-    bool is_between = false;
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(BLANKS, i), text.size());
-        if (end > i) {
-            if (is_between && !value.empty())
-                value += ' ';
-            value.append(text, i, end - i);
-        }
-        is_between = true;
-        i = end + 1;
+    std::size_t begin = find_blank(text, 0, false), end = find_blank(text, begin, true);
+    value.assign(text, begin, end - begin);
+    while (begin = find_blank(text, end, false), begin < text.size()) {
+        end = find_blank(text, begin, true);
+        (value += ' ').append(text, begin, end - begin);
     }
 }
 
@@ -135,7 +139,7 @@ void ValueSources::read(const TokenAttributes& attributes, std::string_view text
         else
             m_sources[i].read(attributes, value);
         if (m_use == Use::FEATS && m_sources[i].attribute() == "msd" && m_sources[i].key().empty())
-            drop_tags(value);
+            keep_features(value);
     }
 }
 

@@ -57,30 +57,34 @@ void unwrap_analysis(std::string& json) {
     std::ranges::transform(json, json.begin(), [](char c) { return c == '\'' ? '"' : c; }); // a loop of vector steps
 }
 
-AnalysisReader::AnalysisReader(std::size_t readers) : m_max_bytes(MAX_GENERATION_BYTES / readers) {}
+AnalysisReader::AnalysisReader(Text text, std::size_t readers)
+    : m_is_wrapped(text == Text::WRAPPED), m_max_bytes(MAX_GENERATION_BYTES / readers) {}
 
-AnalysisReader::Known* AnalysisReader::Generation::find(std::size_t hash, const std::string& json) {
+AnalysisReader::Known* AnalysisReader::Generation::find(std::size_t hash, const std::string& text) {
     const std::uint32_t number = index.find(
-        hash, [&](std::uint32_t candidate) { return known[candidate].hash == hash && known[candidate].json == json; });
+        hash, [&](std::uint32_t candidate) { return known[candidate].hash == hash && known[candidate].text == text; });
     return number == HashIndex::NONE ? nullptr : &known[number];
 }
 
 const Analysis& AnalysisReader::Generation::add(Known&& analysis) {
-    bytes += analysis.json.size() + analysis.analysis.lemma.size() + sizeof(Known);
+    bytes += analysis.text.size() + analysis.analysis.lemma.size() + sizeof(Known);
     known.push_back(std::move(analysis));
     index.add([&](std::uint32_t number) { return known[number].hash; });
     return known.back().analysis;
 }
 
-const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& json) {
-    const std::size_t hash = std::hash<std::string_view>()(json);
-    if (const Known* const known = m_recent.find(hash, json))
+const Analysis& AnalysisReader::read(Json::Reader& json_reader, const std::string& text) {
+    const std::size_t hash = std::hash<std::string_view>()(text);
+    if (const Known* const known = m_recent.find(hash, text))
         return known->analysis;
     if (m_recent.bytes > m_max_bytes)
         m_former = std::exchange(m_recent, {});
-    if (Known* const known = m_former.find(hash, json))
+    if (Known* const known = m_former.find(hash, text))
         return m_recent.add(Known(*known));
-    return m_recent.add({hash, json, parse(json_reader, json)});
+    std::string json = text;
+    if (m_is_wrapped)
+        unwrap_analysis(json);
+    return m_recent.add({hash, text, parse(json_reader, json)});
 }
 
 } // namespace zelvor

@@ -35,16 +35,18 @@ void unwrap_analysis(std::string& json);
 /// there is room for, those that came up again stay.
 class AnalysisReader {
 public:
+    enum class Text { PLAIN, WRAPPED }; ///< JSON, or as it is in attributes, see unwrap_analysis
+
     /// Of so many readers, all together remember as much as one.
-    explicit AnalysisReader(std::size_t readers = 1);
+    explicit AnalysisReader(Text text = Text::PLAIN, std::size_t readers = 1);
 
     /// The result is valid until the next call. Throws on no text; std::bad_alloc.
-    const Analysis& read(Json::Reader& json_reader, const std::string& json);
+    const Analysis& read(Json::Reader& json_reader, const std::string& text);
 
 private:
     struct Known {
         std::size_t hash;
-        std::string json;
+        std::string text;
         Analysis analysis;
     };
     struct Generation {
@@ -52,9 +54,10 @@ private:
         HashIndex index; ///< of known; the look-up is most of the cost, and most look-ups succeed
         std::size_t bytes = 0;
 
-        Known* find(std::size_t hash, const std::string& json);
+        Known* find(std::size_t hash, const std::string& text);
         const Analysis& add(Known&& analysis);
     };
+    bool m_is_wrapped;
     std::size_t m_max_bytes; ///< of a generation
     Generation m_recent, m_former;
 };
