@@ -1,7 +1,5 @@
 #pragma once
 
-#include "utils/common_utils/object_pool.h"
-
 #include <glibmm/ustring.h>
 
 #include <array>
@@ -38,13 +36,13 @@ inline std::uint64_t child_slot(gunichar c) {
 ///
 /// Build: make a root, call store_string(word, 0) on it for each word. Freeing it takes two steps: what is
 /// below by root.delete_tree(&root), then the root. A node owns its children, but its destructor frees none of them.
-class LetterTrieNode : public Pooled<LetterTrieNode> {
+class LetterTrieNode {
 public:
     using FuzzyMatches = std::set<std::pair<double, Glib::ustring>*>; ///< (budget left, stored string); owned by caller
     using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each in the order of the input
 
-    LetterTrieNode() = default; ///< a root
-    explicit LetterTrieNode(gunichar c) : m_c(c) {}
+    LetterTrieNode() = default;                     ///< a root
+    explicit LetterTrieNode(gunichar c) : m_c(c) {} ///< c: below 2^29, as every code point is
     virtual ~LetterTrieNode() = default;
     LetterTrieNode(const LetterTrieNode&) = delete;
     LetterTrieNode& operator=(const LetterTrieNode&) = delete;
@@ -134,17 +132,18 @@ protected:
     /// How a child is found without looking at its siblings, which would cost a cache miss each.
     enum class Access : std::uint8_t { NONE, ONLY_CHILD, SLOTS, SEARCH };
 
-    gunichar m_c = 0;
-    std::vector<LetterTrieNode*> m_vec_ptrie_nodes; ///< only add_child and delete_tree may change it: see m_access
-    bool m_is_leaf = false;
-    Access m_access = Access::NONE;
+    // 56 bytes, for which the heap takes 64, and what a lookup reads comes first: one cache line of it a letter.
+    gunichar m_c : 29 = 0;
+    bool m_is_leaf : 1 = false;
+    Access m_access : 2 = Access::NONE;
     int m_num = 0;
-    static std::map<Glib::ustring, double>* m_pmap_weights;
-    LetterTrieNode* m_pparent = nullptr;
     union {
         LetterTrieNode* m_ponly_child = nullptr;
         std::uint64_t m_slots; ///< child_slot of each child, none shared: its rank is the child's index
     };
+    std::vector<LetterTrieNode*> m_vec_ptrie_nodes; ///< only add_child and delete_tree may change it: see m_access
+    LetterTrieNode* m_pparent = nullptr;
+    static std::map<Glib::ustring, double>* m_pmap_weights;
 };
 
 inline LetterTrieNode* LetterTrieNode::look_for_node(gunichar c) const {

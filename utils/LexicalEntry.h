@@ -1,7 +1,6 @@
 #pragma once
 
 #include "utils/EnglishLexicalEntry.h"
-#include "utils/common_utils/object_pool.h"
 
 #include <iosfwd>
 #include <map>
@@ -40,7 +39,7 @@ struct DeclensionEntry {
 };
 
 /// A Latin word form with all its categories, and what the lexicon notes of it. Ids and frequencies stay text.
-class LexicalEntry : public EnglishLexicalEntry, public Pooled<LexicalEntry> {
+class LexicalEntry : public EnglishLexicalEntry {
 public:
     LexicalEntry() = default;
     LexicalEntry(const std::string& lemma, const std::string& word_form, const std::string& pos)

@@ -9,7 +9,6 @@
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/hash_index.h"
 #include "utils/common_utils/numbers.h"
-#include "utils/common_utils/object_pool.h"
 #include "utils/common_utils/output_file.h"
 #include "utils/common_utils/process.h"
 #include "utils/common_utils/text.h"
