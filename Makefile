@@ -2,12 +2,13 @@
 #   make run [INPUT=path OUTPUT=file [LEXICON=file]]
 #   make fuzz [FUZZ_SECONDS=60]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
-.PHONY: help setup build run check lint bench fuzz coverage install package docs clean
+.PHONY: help setup build run check clang lint bench fuzz coverage install package docs clean
 export INPUT OUTPUT LEXICON FUZZ_SECONDS
 
 help:
 	@echo "make run      install what is missing, build, convert examples/corpus (or INPUT=path OUTPUT=file)"
 	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
+	@echo "make clang    build all of it with clang as well, and run every test"
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make fuzz     look for inputs that break the readers, FUZZ_SECONDS=60 for each of them (clang)"
@@ -32,6 +33,12 @@ check: build
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+
+clang:
+	@scripts/setup.sh packages.txt packages-clang.txt
+	cmake --preset clang
+	cmake --build --preset clang
+	ctest --preset clang
 
 lint: setup
 	@cmake --preset release
