@@ -31,6 +31,11 @@ for linkage in shared static; do
     cmake -S "$source" -B "$linkage" -DCMAKE_PREFIX_PATH="$prefix" -DLINKAGE="$linkage" >cmake.log
     cmake --build "$linkage" -j 1 >build.log || { cat build.log; exit 1; }
     expect 10110 "$linkage/library_user"
+    "$linkage/memory_user" # what is reachable is no leak
+    for fault in leaks heap-use-after-free; do
+        ! "$linkage/memory_user" $fault 2>report || fail "memory_user, $linkage: no report of $fault"
+        grep -q "Sanitizer: .*$fault" report || { cat report; exit 1; }
+    done
 done
 export PKG_CONFIG_PATH=$prefix/$libdir/pkgconfig
 read -ra flags < <(pkg-config --cflags --libs 'zelvor >= 0.1')
