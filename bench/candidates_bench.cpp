@@ -1,4 +1,5 @@
 #include "bench/timing.h"
+#include "tests/temporary_directory.h"
 #include "utils/ArpaLM.h"
 #include "utils/BaseLexicalEntry.h"
 #include "utils/lexicon_utils/candidates.h"
@@ -44,13 +45,13 @@ void write_model(const std::string& filename, std::size_t num_ngrams) {
     file << "\n\\end\\\n";
 }
 
-void time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
+bool time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
     const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
     bool loaded = false;
     const double loading = processor_seconds([&] { loaded = model.load(filename); });
     if (!loaded) {
         std::cerr << "cannot read " << filename << '\n';
-        std::exit(1);
+        return false;
     }
     const std::size_t memory = mallinfo2().uordblks + mallinfo2().hblkhd - before;
     std::cout << "loading " << model.get_num_ngrams() << " n-grams: " << loading * 1e3 << " ms, "
@@ -68,6 +69,7 @@ void time_model(const std::string& filename, zelvor::ArpaVocab& vocab, zelvor::A
         }
     });
     std::cout << "scoring 11 words: " << scoring * 1e6 / num_sentences << " us (log10 " << stats.log10_prob << ")\n";
+    return true;
 }
 
 void time_selection(zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
@@ -111,11 +113,13 @@ void time_selection(zelvor::ArpaVocab& vocab, zelvor::ArpaLM& model) {
 
 int main(int argc, char** argv) {
     const std::size_t num_ngrams = argc > 1 ? std::stoul(argv[1]) : 1'000'000;
-    const std::string filename = argc > 2 ? argv[2] : "/tmp/candidates_bench.arpa";
+    const zelvor::TemporaryDirectory directory;
+    const std::string filename = argc > 2 ? argv[2] : directory.path("model.arpa");
     write_model(filename, num_ngrams);
     zelvor::ArpaVocab vocab;
     zelvor::ArpaLM model(vocab);
-    time_model(filename, vocab, model);
+    if (!time_model(filename, vocab, model))
+        return 1;
     time_selection(vocab, model);
     return 0;
 }

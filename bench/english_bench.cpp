@@ -1,4 +1,5 @@
 #include "bench/timing.h"
+#include "tests/temporary_directory.h"
 #include "utils/LexicalEntry.h"
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/text.h"
@@ -56,7 +57,9 @@ void measure_wordnet() {
     verdict("data.noun / reading and splitting its lines", time / split, Bound::AT_MOST, 2);
 }
 
-void measure_lexicon(const std::string& filename) {
+void measure_lexicon() {
+    const zelvor::TemporaryDirectory directory;
+    const std::string filename = directory.path("lexicon.txt");
     std::ofstream file(filename);
     for (int i = 0; i < NUM_ENTRIES; ++i)
         file << "form" << i << "s\tform" << i << "\tNN\n";
@@ -72,14 +75,12 @@ void measure_lexicon(const std::string& filename) {
                 static_cast<double>(peak_kilobytes() - before) * 1024.0 / NUM_ENTRIES, entries.size());
     for (const auto& [word_form, entry] : entries)
         delete entry;
-    std::remove(filename.c_str());
 }
 
 } // namespace
 
-/// usage: english_bench [FILE]    FILE: a scratch file
-int main(int argc, char** argv) {
-    measure_lexicon(argc > 1 ? argv[1] : "/tmp/zelvor_english_bench.txt");
+int main() {
+    measure_lexicon();
     measure_rules();
     measure_wordnet();
 }

@@ -29,7 +29,7 @@ def conversions(folder):
 
 
 def operations(folder):
-    report = subprocess.run(["build/release/bench/growth_bench", folder + "/model.arpa"], check=True, text=True, stdout=subprocess.PIPE)
+    report = subprocess.run(["build/release/bench/growth_bench"], check=True, text=True, stdout=subprocess.PIPE)
     for line in report.stdout.splitlines():
         name, unit, units, nanoseconds = line.split("\t")
         yield name, unit, int(units), float(nanoseconds), None

@@ -1,6 +1,7 @@
 // Measures how the cost of one unit grows with the amount: every operation runs at n, 2 n and 4 n units. Prints one
 // line a size, "OPERATION <tab> UNIT <tab> UNITS <tab> NANOSECONDS", the least of several rounds of processor time.
 #include "bench/timing.h"
+#include "tests/temporary_directory.h"
 #include "utils/ArpaLM.h"
 #include "utils/LetterTrieNode.h"
 #include "utils/LexicalEntry.h"
@@ -144,9 +145,8 @@ double load_model(std::size_t units, const std::string& filename) {
 
 } // namespace
 
-/// usage: growth_bench SCRATCH_FILE
-int main(int argc, char** argv) {
-    const std::string scratch = argc > 1 ? argv[1] : "/tmp/growth_bench.arpa";
+int main() {
+    const zelvor::TemporaryDirectory directory;
     const Operation operations[] = {
         {"trie: store", "word", 50'000, [](std::size_t n) { return use_trie(n, TrieUse::STORE); }},
         {"trie: look up", "word", 50'000, [](std::size_t n) { return use_trie(n, TrieUse::LOOK_UP); }},
@@ -155,7 +155,8 @@ int main(int argc, char** argv) {
         {"edit distance", "pair of characters", 250'000, compare},
         {"merge", "entry", 50'000, merge},
         {"rules that all apply", "rule", 5'000, apply_rules},
-        {"language model: load", "n-gram", 100'000, [&](std::size_t n) { return load_model(n, scratch); }},
+        {"language model: load", "n-gram", 100'000,
+         [&](std::size_t n) { return load_model(n, directory.path("model.arpa")); }},
     };
     for (const Operation& operation : operations) {
         for (const std::size_t units : {operation.units, 2 * operation.units, 4 * operation.units}) {
@@ -167,6 +168,5 @@ int main(int argc, char** argv) {
             std::fflush(stdout);
         }
     }
-    std::remove(scratch.c_str());
     return 0;
 }

@@ -11,7 +11,7 @@
 
 namespace zelvor {
 
-/// A folder of a test's own, removed with all that is in it.
+/// A folder of a test's or a benchmark's own, removed with all that is in it.
 class TemporaryDirectory {
 public:
     TemporaryDirectory() : m_path((std::filesystem::temp_directory_path() / "zelvor-XXXXXX").string()) {
