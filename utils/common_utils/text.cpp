@@ -3,10 +3,13 @@
 #include "utils/common_utils/utf8.h"
 
 #include <glib.h>
+#include <glibmm/ustring.h>
 
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <locale>
+#include <sstream>
 
 namespace zelvor {
 
@@ -233,6 +236,13 @@ void print_set(const std::set<std::string>& values) {
     for (const std::string& value : values)
         std::cout << value << ' ';
     std::cout << std::endl;
+}
+
+std::string print_classic(void (*print)(std::ostream& os, const void* pvalue), const void* pvalue) {
+    std::ostringstream os;
+    os.imbue(std::locale::classic());
+    print(os, pvalue);
+    return os.str();
 }
 
 } // namespace zelvor

@@ -1,17 +1,18 @@
 #pragma once
 
-#include <glibmm/ustring.h>
-
-#include <locale>
 #include <map>
 #include <memory>
+#include <ostream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+namespace Glib {
+class ustring; // who passes a literal for one includes <glibmm/ustring.h>
+}
 
 /// Prefixes, splitting, searching, shortening and replacing. std::string counts bytes, Glib::ustring code points;
 /// invalid UTF-8 is handled as utf8.h says. Everything is stateless and nothing throws on bad input.
@@ -88,6 +89,9 @@ void print_set(const std::set<std::string>& values); ///< each element and a bla
 
 // --- to text ---
 
+/// What print(os, pvalue) writes to a stream of the classic locale.
+std::string print_classic(void (*print)(std::ostream& os, const void* pvalue), const void* pvalue);
+
 /// Strings as they are, bool as "true" or "false", a pair as "(first,second)", all else as a classic stream prints it.
 template<typename T>
 std::string convert_to_string(const T& value) {
@@ -103,10 +107,8 @@ std::string convert_to_string(const T& value) {
                          }) {
         return "(" + convert_to_string(value.first) + "," + convert_to_string(value.second) + ")";
     } else {
-        std::ostringstream os;
-        os.imbue(std::locale::classic());
-        os << value;
-        return os.str();
+        return print_classic([](std::ostream& os, const void* pvalue) { os << *static_cast<const T*>(pvalue); },
+                             &value);
     }
 }
 

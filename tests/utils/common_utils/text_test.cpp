@@ -3,6 +3,8 @@
 #include "tests/captured_log.h"
 #include "utils/common_utils/utf8.h"
 
+#include <glibmm/ustring.h>
+
 #include <map>
 #include <tuple>
 

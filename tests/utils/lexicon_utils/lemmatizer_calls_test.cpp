@@ -5,6 +5,7 @@
 #include "utils/WordFormContainer.h"
 #include "utils/common_utils/text.h"
 
+#include <glibmm/ustring.h>
 #include <gtest/gtest.h>
 
 namespace zelvor {
