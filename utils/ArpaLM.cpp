@@ -1,6 +1,7 @@
 #include "utils/ArpaLM.h"
 
 #include "utils/ArpaReader.h"
+#include "utils/ArpaTables.h"
 
 #include <log4cpp/Category.hh>
 
@@ -21,32 +22,42 @@ std::uint64_t mixed(std::uint64_t key) {
 
 } // namespace
 
-ArpaVocab::ArpaVocab() {
+std::string_view WordTable::word(std::uint32_t number) const {
+    return std::string_view(m_text).substr(m_starts[number], m_starts[number + 1] - m_starts[number]);
+}
+
+std::uint32_t WordTable::find(std::string_view word) const {
+    return m_index.find(std::hash<std::string_view>()(word),
+                        [&](std::uint32_t number) { return this->word(number) == word; });
+}
+
+std::uint32_t WordTable::add(std::string_view word) {
+    if (const std::uint32_t known = find(word); known != HashIndex::NONE)
+        return known;
+    m_text += word;
+    m_starts.push_back(m_text.size());
+    return m_index.add([&](std::uint32_t number) { return std::hash<std::string_view>()(this->word(number)); });
+}
+
+ArpaVocab::ArpaVocab() : m_pwords(std::make_unique<WordTable>()) {
     for (const std::string_view word : {"<unk>", "<s>", "</s>"})
         add(word);
 }
 
-std::string_view ArpaVocab::word(std::uint32_t index) const {
-    return std::string_view(m_text).substr(m_starts[index], m_starts[index + 1] - m_starts[index]);
-}
-
-unsigned int ArpaVocab::find(std::string_view word) const {
-    return m_index.find(std::hash<std::string_view>()(word),
-                        [&](std::uint32_t index) { return this->word(index) == word; });
-}
+ArpaVocab::~ArpaVocab() = default;
 
 unsigned int ArpaVocab::get_index(const std::string& word, unsigned int unknown_value) const {
     const unsigned int index = find(word);
     return index == VOCAB_NONE ? unknown_value : index;
 }
 
-unsigned int ArpaVocab::add(std::string_view word) {
-    if (const unsigned int known = find(word); known != VOCAB_NONE)
-        return known;
-    m_text += word;
-    m_starts.push_back(m_text.size());
-    return m_index.add([&](std::uint32_t index) { return std::hash<std::string_view>()(this->word(index)); });
+unsigned int ArpaVocab::find(std::string_view word) const {
+    static_assert(VOCAB_NONE == HashIndex::NONE);
+    return m_pwords->find(word);
 }
+
+unsigned int ArpaVocab::add(std::string_view word) { return m_pwords->add(word); }
+std::size_t ArpaVocab::size() const { return m_pwords->size(); }
 
 NgramTable::NgramTable() {
     add(NONE, VOCAB_NONE); // the root
@@ -75,8 +86,15 @@ void NgramTable::set(std::uint32_t ngram, float log10_prob, float log10_backoff)
 
 bool NgramTable::has_prob(std::uint32_t ngram) const { return m_ngrams[ngram].log10_prob != NO_PROBABILITY; }
 
+ArpaLM::ArpaLM(ArpaVocab& vocab, log4cpp::Category* pmain_cat)
+    : m_vocab(vocab), m_pmain_cat(pmain_cat), m_pngrams(std::make_unique<NgramTable>()) {}
+
+ArpaLM::~ArpaLM() = default;
+
+std::size_t ArpaLM::get_num_ngrams() const { return m_pngrams->size(); }
+
 bool ArpaLM::load(const std::string& filename) {
-    ArpaReader reader(m_vocab);
+    ArpaReader reader(*m_vocab.m_pwords);
     const bool is_read = reader.read(filename);
     if (m_pmain_cat) {
         for (const std::string& warning : reader.get_warnings())
@@ -86,39 +104,43 @@ bool ArpaLM::load(const std::string& filename) {
     }
     if (is_read) {
         m_order = reader.get_order();
-        m_vocab = std::move(reader.vocab());
-        m_ngrams = std::move(reader.ngrams());
+        *m_vocab.m_pwords = std::move(reader.vocab());
+        *m_pngrams = std::move(reader.ngrams());
     }
     return is_read;
 }
 
+namespace {
+
 // contexts[k] is the n-gram of the last k words, or NONE; afterwards `word` is the last one.
-double ArpaLM::score_next(unsigned int word, std::vector<std::uint32_t>& contexts) const {
+double score_next(const NgramTable& ngrams, unsigned int word, std::vector<std::uint32_t>& contexts) {
     double log10_prob = 0;
     bool is_found = false;
     for (std::size_t length = contexts.size(); length-- > 0;) {
         const std::uint32_t context = contexts[length];
-        const std::uint32_t ngram = context == NgramTable::NONE ? context : m_ngrams.find(context, word);
+        const std::uint32_t ngram = context == NgramTable::NONE ? context : ngrams.find(context, word);
         if (length + 1 < contexts.size())
             contexts[length + 1] = ngram;
         if (is_found || context == NgramTable::NONE)
             continue;
-        is_found = ngram != NgramTable::NONE && m_ngrams.has_prob(ngram);
-        log10_prob += is_found ? m_ngrams.log10_prob(ngram) : m_ngrams.log10_backoff(context);
+        is_found = ngram != NgramTable::NONE && ngrams.has_prob(ngram);
+        log10_prob += is_found ? ngrams.log10_prob(ngram) : ngrams.log10_backoff(context);
     }
     return log10_prob;
 }
+
+} // namespace
 
 float ArpaLM::sentence_log_prob(const unsigned int* words, TextStats& stats) {
     std::vector<std::uint32_t> contexts(m_order, NgramTable::NONE);
     contexts[0] = NgramTable::ROOT;
     if (m_order > 1)
-        contexts[1] = m_ngrams.find(NgramTable::ROOT, ArpaVocab::SENTENCE_BEGIN);
+        contexts[1] = m_pngrams->find(NgramTable::ROOT, ArpaVocab::SENTENCE_BEGIN);
 
     double total = 0;
     const auto score = [&](unsigned int word) {
-        const bool is_known = m_ngrams.find(NgramTable::ROOT, word) != NgramTable::NONE;
-        const double log10_prob = score_next(is_known ? word : ArpaVocab::UNKNOWN, contexts);
+        const bool is_known = m_pngrams->find(NgramTable::ROOT, word) != NgramTable::NONE;
+        const double log10_prob = score_next(*m_pngrams, is_known ? word : ArpaVocab::UNKNOWN, contexts);
         stats.num_zero_probs += log10_prob <= LOG10_ZERO;
         total += log10_prob;
         return is_known && word != ArpaVocab::UNKNOWN;

@@ -1,5 +1,6 @@
 #include "utils/ArpaReader.h"
 
+#include "utils/ArpaLM.h"
 #include "utils/common_utils/text.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "utils/ArpaLM.h"
+#include "utils/ArpaTables.h"
 
 #include <istream>
 #include <string>
@@ -9,14 +9,14 @@
 
 namespace zelvor {
 
-/// Reads one ARPA file into a copy of a vocabulary and a table of its own.
+/// Reads one ARPA file into a copy of a vocabulary's words and a table of its own.
 class ArpaReader {
 public:
-    explicit ArpaReader(const ArpaVocab& vocab) : m_vocab(vocab) {}
+    explicit ArpaReader(const WordTable& words) : m_vocab(words) {}
 
     bool read(const std::string& filename); ///< once; false: get_error() says why
 
-    ArpaVocab& vocab() { return m_vocab; }
+    WordTable& vocab() { return m_vocab; }
     NgramTable& ngrams() { return m_ngrams; }
     std::size_t get_order() const { return m_order; }
     const std::string& get_error() const { return m_error; }
@@ -32,7 +32,7 @@ private:
     bool fail(const std::string& expected);
     void compare_counts(const std::string& filename);
 
-    ArpaVocab m_vocab;
+    WordTable m_vocab;
     NgramTable m_ngrams;
     std::size_t m_order = 0;              ///< of the section that is being read; 0 in the header
     std::vector<std::size_t> m_announced; ///< n-grams by order - 1, from the header
