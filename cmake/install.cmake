@@ -18,13 +18,57 @@ install(TARGETS zelvor_shared EXPORT zelvor-shared
 install(TARGETS zelvor EXPORT zelvor-static ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(TARGETS zelvor_converter EXPORT zelvor-converter
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
-install(DIRECTORY tools training utils
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor COMPONENT development
-    FILES_MATCHING PATTERN "*.h"
-    PATTERN "tei2crf*" EXCLUDE # of a program; the others are the library's own
-    PATTERN "ArpaReader.h" EXCLUDE
-    PATTERN "LexicalEntry_tables.h" EXCLUDE
-    PATTERN "heap_maps.h" EXCLUDE)
+# The public headers: what they include is public as well.
+foreach(header
+    tools/TaggerFormatConverter.h
+    training/Conversion.h
+    training/ConversionOptions.h
+    training/ConversionReport.h
+    training/CrfTrainingTeiSaxParser.h
+    training/TagLexicon.h
+    training/TokenAttributes.h
+    training/ValueSource.h
+    training/XmlReader.h
+    training/tags.h
+    utils/ArpaLM.h
+    utils/BaseLexicalEntry.h
+    utils/EnglishLexicalEntry.h
+    utils/LMScoreFunctor.h
+    utils/LetterTrieNode.h
+    utils/LexicalEntry.h
+    utils/NgramModel.h
+    utils/OriginatingLexicalEntryRepresentation.h
+    utils/Rule.h
+    utils/WordFormContainer.h
+    utils/common_utils.h
+    utils/lexicon_utils.h
+    utils/logging_utils.h
+    utils/options.h
+    utils/common_utils/case.h
+    utils/common_utils/crash_handler.h
+    utils/common_utils/distance.h
+    utils/common_utils/encoding.h
+    utils/common_utils/entity_guard.h
+    utils/common_utils/numbers.h
+    utils/common_utils/process.h
+    utils/common_utils/text.h
+    utils/common_utils/utf8.h
+    utils/common_utils/xml.h
+    utils/lexicon_utils/candidates.h
+    utils/lexicon_utils/lemmatizer_calls.h
+    utils/lexicon_utils/lemmatizer_maps.h
+    utils/lexicon_utils/lexicon_readers.h
+    utils/lexicon_utils/names.h
+    utils/lexicon_utils/option_names.h
+    utils/lexicon_utils/rules.h
+    utils/lexicon_utils/suffixes.h
+    utils/lexicon_utils/verbs.h
+    utils/lexicon_utils/word_classes.h
+    utils/lexicon_utils/wordnet.h
+)
+    get_filename_component(folder ${header} DIRECTORY)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zelvor/${folder} COMPONENT development)
+endforeach()
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zelvor)
 foreach(export zelvor-shared zelvor-static zelvor-converter)

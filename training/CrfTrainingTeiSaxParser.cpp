@@ -1,5 +1,7 @@
 #include "training/CrfTrainingTeiSaxParser.h"
 
+#include "training/CostlyErrors.h"
+#include "training/analysis.h"
 #include "training/tags.h"
 
 #include <log4cpp/Category.hh>
@@ -12,13 +14,14 @@ namespace zelvor {
 
 CrfTrainingTeiSaxParser::CrfTrainingTeiSaxParser(log4cpp::Category* pmain_cat,
                                                  const std::map<int, LexicalEntry*>* pmap_plex_entry)
-    : m_pmain_cat(pmain_cat), m_pmap_plex_entry(pmap_plex_entry) {}
+    : m_pmain_cat(pmain_cat), m_pmap_plex_entry(pmap_plex_entry),
+      m_panalysis_reader(std::make_unique<AnalysisReader>()), m_pcostly_errors(std::make_unique<CostlyErrors>()) {}
 
 CrfTrainingTeiSaxParser::~CrfTrainingTeiSaxParser() = default;
 
 void CrfTrainingTeiSaxParser::on_start_document() {
     m_is_word_node = false;
-    m_costly_errors.begin_document();
+    m_pcostly_errors->begin_document();
     m_vec_pvec_lexical_entry_representation.clear();
 }
 
@@ -56,7 +59,7 @@ void CrfTrainingTeiSaxParser::on_end_element(const Glib::ustring& name) {
 void CrfTrainingTeiSaxParser::end_word() {
     if (m_lemma_json.size() > 1) {
         unwrap_analysis(m_lemma_json);
-        const Analysis& analysis = m_analysis_reader.read(m_json_reader, m_lemma_json);
+        const Analysis& analysis = m_panalysis_reader->read(m_json_reader, m_lemma_json);
         if (analysis.outcome == Analysis::Outcome::UNPARSABLE) {
             std::cerr << "Failed to parse " << m_lemma_json << std::endl;
             return; // kept: the token state is not reset here, so that text up to the next token is still gathered
@@ -100,7 +103,7 @@ void CrfTrainingTeiSaxParser::add_entry(const std::string& lemma, const std::str
 }
 
 void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
-    m_costly_errors.add(context_);
+    m_pcostly_errors->add(context_);
     if (!m_pmain_cat)
         return;
     try {

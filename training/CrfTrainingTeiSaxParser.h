@@ -1,13 +1,12 @@
 #pragma once
 
-#include "training/CostlyErrors.h"
-#include "training/analysis.h"
 #include "utils/LexicalEntry.h"
 
 #include <json/reader.h>
 #include <libxml++/parsers/saxparser.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,6 +15,9 @@ class Category;
 }
 
 namespace zelvor {
+
+class AnalysisReader;
+class CostlyErrors;
 
 /// Reads a TEI training text as a stream into sentences of entries: one entry per `w` whose analysis the lexicon knows,
 /// and one per `c` that is a punctuation mark with a tag. The format: docs/formats.md.
@@ -57,7 +59,7 @@ protected:
     const std::map<int, LexicalEntry*>* m_pmap_plex_entry;
     std::vector<LexicalEntry*>* m_pvec_plexical_entry_representation = nullptr;
     std::vector<std::vector<LexicalEntry*>*> m_vec_pvec_lexical_entry_representation;
-    AnalysisReader m_analysis_reader;
+    std::unique_ptr<AnalysisReader> m_panalysis_reader;
 
 private:
     void begin_token(); ///< text is gathered from here
@@ -67,7 +69,7 @@ private:
     const LexicalEntry* find_entry(int id) const;
     void add_entry(const std::string& lemma, const std::string& pos);
 
-    CostlyErrors m_costly_errors;
+    std::unique_ptr<CostlyErrors> m_pcostly_errors;
 };
 
 } // namespace zelvor
