@@ -1,9 +1,10 @@
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -15,8 +16,10 @@ namespace zelvor {
 class TemporaryDirectory {
 public:
     TemporaryDirectory() : m_path((std::filesystem::temp_directory_path() / "zelvor-XXXXXX").string()) {
-        if (!mkdtemp(m_path.data()))
-            throw std::runtime_error("no temporary directory");
+        if (!mkdtemp(m_path.data())) {
+            std::perror(m_path.c_str());
+            std::exit(1);
+        }
     }
     ~TemporaryDirectory() {
         std::error_code ignored;
