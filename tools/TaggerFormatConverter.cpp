@@ -91,8 +91,10 @@ void write_sentences(const std::vector<std::vector<LexicalEntry*>*>& sentences, 
     for (const std::vector<LexicalEntry*>* const sentence : sentences) {
         if (sentence) {
             lines.clear();
-            for (const LexicalEntry* const entry : *sentence)
-                lines.append(entry->get_word_form()).append(" ").append(entry->get_pos()).append("\n");
+            for (const LexicalEntry* const entry : *sentence) {
+                const std::string pos = entry->get_pos(); // first: an entry may change its tag when asked for its form
+                lines.append(entry->get_word_form()).append(" ").append(pos).append("\n");
+            }
             std::cout << lines << std::flush;
         }
         out << std::endl;

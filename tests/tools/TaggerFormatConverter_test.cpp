@@ -2,6 +2,7 @@
 
 #include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
+#include "training/CrfTrainingTeiSaxParser.h"
 
 #include <gmock/gmock.h>
 #include <log4cpp/Category.hh>
@@ -51,6 +52,26 @@ TEST_F(Converter, WritesTokensAndSeparators) {
     EXPECT_EQ(convert(file, lexicon), report("a.xml", "amat Verb\nrosa NN\nx Zero\ny \n, $,\n. $.\n"));
     EXPECT_EQ(directory.read("out"), "\n\n\n");
     EXPECT_EQ(convert(file, lexicon + ".missing"), report("a.xml", ", $,\n. $.\n"));
+}
+
+TEST_F(Converter, FetchesTheTagBeforeTheForm) {
+    struct Entry : LexicalEntry {
+        std::string get_word_form() const override {
+            const_cast<Entry*>(this)->set_pos("late");
+            return "form";
+        }
+    } entry;
+    struct Reader : CrfTrainingTeiSaxParser {
+        Reader() : CrfTrainingTeiSaxParser(nullptr, nullptr) {}
+        void on_end_document() override { get_entry_representations()->push_back(&sentence); }
+        std::vector<LexicalEntry*> sentence;
+    } reader;
+    entry.set_pos("early");
+    reader.sentence.push_back(&entry);
+    const std::string file = directory.write("a.xml", "<t/>");
+    std::ostringstream out;
+    EXPECT_EQ(output_of([&] { TaggerFormatConverter().create_model_data_file(file, out, reader); }),
+              report("a.xml", "form early\n"));
 }
 
 TEST_F(Converter, ReadsEntitiesFromTheDocumentsFolderOnly) {
