@@ -1,9 +1,12 @@
 #include "utils/common_utils/process.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+
+#include <unistd.h>
 
 namespace zelvor {
 
@@ -23,8 +26,9 @@ std::string exec(const std::string& cmd) {
         return "ERROR " + std::to_string(errno);
     std::string output;
     char piece[128];
-    while (std::fgets(piece, sizeof piece, pipe))
-        output += piece;
+    ssize_t length = 0;
+    while ((length = read(fileno(pipe), piece, sizeof piece)) > 0 || (length < 0 && errno == EINTR)) // a signal: go on
+        output.append(piece, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
     pclose(pipe);
     return output;
 }

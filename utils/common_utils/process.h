@@ -8,8 +8,8 @@
 /// Shell commands and a stopwatch.
 namespace zelvor {
 
-/// Runs cmd in the shell and returns its standard output, line ends included; of a line that holds a NUL, only what
-/// precedes it within each piece of at most 127 bytes. "ERROR " and the error number when the shell cannot be started.
+/// Runs cmd in the shell and returns all of its standard output, line ends and NULs included, whatever signals arrive
+/// meanwhile. "ERROR " and the error number when the shell cannot be started.
 std::string exec(const std::string& cmd);
 
 /// Whether diff finds no difference in the texts, overlooking empty lines and how wide white space is. Writes them to

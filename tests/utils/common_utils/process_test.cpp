@@ -3,12 +3,22 @@
 #include "tests/captured_log.h"
 #include "tests/temporary_directory.h"
 
+#include <csignal>
+
 namespace zelvor {
 
 TEST(Process, ExecReturnsStandardOutput) {
     EXPECT_EQ(exec("printf 'a\\n\\nb'; exit 3"), "a\n\nb");
     EXPECT_EQ(exec("seq 10000 | tr -d '\\n'").size(), 9 + 180 + 2700 + 36000 + 5u);
-    EXPECT_EQ(exec("printf 'ab\\0cd\\nef'"), "abef"); // the rest of a line is lost after a NUL
+    EXPECT_EQ(exec("printf 'ab\\0cd\\nef'"), std::string("ab\0cd\nef", 8));
+    struct sigaction action {}; // without SA_RESTART, so that the alarm interrupts what waits
+    action.sa_handler = [](int) {};
+    sigaction(SIGALRM, &action, nullptr);
+    const itimerval every{{0, 10'000}, {0, 10'000}}, never{};
+    setitimer(ITIMER_REAL, &every, nullptr);
+    EXPECT_EQ(exec("echo first; sleep 0.1; echo second"), "first\nsecond\n");
+    setitimer(ITIMER_REAL, &never, nullptr);
+    std::signal(SIGALRM, SIG_DFL);
 }
 
 TEST(Process, EquivalentIgnoresAmountsOfWhiteSpace) {
