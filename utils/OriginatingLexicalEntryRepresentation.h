@@ -17,6 +17,10 @@ template<typename T>
 bool intersection_empty(const std::set<T>* a, const std::set<T>* b) {
     return !a || !b || std::ranges::none_of(*a, [b](const T& value) { return b->contains(value); });
 }
+template<typename T>
+bool intersection_empty(std::set<T>* a, std::set<T>* b) {
+    return intersection_empty(static_cast<const std::set<T>*>(a), static_cast<const std::set<T>*>(b));
+}
 
 /// An entry that records where it came from: the lemmas, forms and tags of the entries folded into it (originating
 /// sets) and the names of the sources that attest each of these three (originating source sets). All sets ascend in

@@ -21,8 +21,9 @@ TEST(Provenance, AColumnReplacesItsSourcesAndAMissingOneKeepsThem) {
     Values same{"kept", "x"}, other{"b"};
     EXPECT_FALSE(entry.intersection_empty_originating_source_lemmas(&same));
     EXPECT_TRUE(entry.intersection_empty_originating_source_lemmas(&other));
-    EXPECT_TRUE(entry.intersection_empty_originating_source_lemmas(nullptr) &&
-                intersection_empty<std::string>(nullptr, &same));
+    bool (*const are_disjoint)(Values*, Values*) = intersection_empty;
+    EXPECT_TRUE(entry.intersection_empty_originating_source_lemmas(nullptr) && are_disjoint(nullptr, &same) &&
+                intersection_empty<std::string>(nullptr, &same) && !are_disjoint(&same, &same));
 }
 
 TEST(Provenance, MergeFoldsEqualFormsAndPrintsAllWhereEverySourceAttestsAValue) {
