@@ -50,9 +50,11 @@ struct EnglishLexicalEntry::Tables {
                                      &EnglishLexicalEntry::m_originating_source_word_forms,
                                      &EnglishLexicalEntry::m_originating_source_pos};
 
-    static constexpr Field COMBINED[] = {&EnglishLexicalEntry::m_case,      &EnglishLexicalEntry::m_comparison_degree,
-                                         &EnglishLexicalEntry::m_number,    &EnglishLexicalEntry::m_mood,
-                                         &EnglishLexicalEntry::m_lemma_pos, &EnglishLexicalEntry::m_semtype};
+    /// In this order, since a derived class may make its lemma of the other fields.
+    static constexpr Field COMBINED[] = {&EnglishLexicalEntry::m_case,   &EnglishLexicalEntry::m_comparison_degree,
+                                         &EnglishLexicalEntry::m_number, &EnglishLexicalEntry::m_lemma,
+                                         &EnglishLexicalEntry::m_mood,   &EnglishLexicalEntry::m_lemma_pos,
+                                         &EnglishLexicalEntry::m_semtype};
 };
 
 void EnglishLexicalEntry::reset() {
@@ -134,8 +136,8 @@ bool EnglishLexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entr
         for (const Tables::Set set : Tables::MERGED)
             (stored->*set).insert((this->*set).begin(), (this->*set).end());
         for (const Tables::Field field : Tables::COMBINED)
-            stored->*field = combine(stored->*field, this->*field);
-        stored->m_lemma = combine(stored->get_lemma(), get_lemma()); // differs where a derived class says so
+            stored->*field = field == &EnglishLexicalEntry::m_lemma ? combine(stored->get_lemma(), get_lemma())
+                                                                    : combine(stored->*field, this->*field);
         return false;
     }
     vec_lexical_entry_representations.push_back(this);

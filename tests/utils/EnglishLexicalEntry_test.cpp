@@ -81,7 +81,9 @@ TEST(EnglishLexicalEntry, MergeComparesMoreWhenExtended) {
 }
 
 TEST(EnglishLexicalEntry, MergeComparesSpelledOutFormsAndCombinesSomeFeatures) {
-    LexicalEntry stored; // "walks", as it stands in the line; the other one is "-s"
+    struct : LexicalEntry { // its lemma tells what has been combined before it
+        std::string get_lemma() const override { return m_lemma + "," + m_number + m_mood; }
+    } stored; // "walks", as it stands in the line; the other one is "-s"
     stored.parse_latin(" # # # #walk# # # #walks# # # # # # # # #VBZ# # # # ");
     EnglishLexicalEntry incoming = walks(7, "GENITIVE,DATIVE");
     incoming.insert_originating_lemmas("o1");
@@ -95,7 +97,8 @@ TEST(EnglishLexicalEntry, MergeComparesSpelledOutFormsAndCombinesSomeFeatures) {
     EXPECT_FALSE(incoming.merge(entries, by_lemma, false));
     // Gender, person and tense are never filled.
     EXPECT_EQ(summary(stored),
-              "walks|walk|VB|VBZ|DATIVE,GENITIVE,NOMINATIVE|POSITIVE||INDICATIVE|SINGULAR|||act,motion|");
+              "walks|SINGULAR,walk,SINGULARINDICATIVE|VB|VBZ|DATIVE,GENITIVE,NOMINATIVE|POSITIVE||INDICATIVE|SINGULAR"
+              "|||act,motion|");
     EXPECT_TRUE(stored.contains_originating_lemmas("o1") && stored.contains_originating_word_forms("o2") &&
                 stored.contains_originating_pos("o3") && stored.contains_originating_source_word_forms("w2") &&
                 stored.contains_originating_source_lemmas("l") && stored.contains_originating_source_pos("p"));
