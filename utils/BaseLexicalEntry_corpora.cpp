@@ -12,14 +12,11 @@
 #include <iostream>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace zelvor {
 
 namespace {
-
-constexpr const char* SUSANNE_TAGS[][2] = {{"PPH01m", "PRP"}, {"APPGm", "PPOSAT"}, {"NN1c", "NN"}, {"NP1f", "NNP"},
-                                           {"VBR", "AUX"},    {"RR", "RB"},        {"CCr", "CC"},  {"NP1s", "NNP"},
-                                           {"AT1", "DT"},     {"VV0v", "VB"}};
 
 /// A text addressed by code points without decoding all of it for every token: positions are found by walking on from
 /// the last one, or from where the last substring began.
@@ -105,6 +102,9 @@ void move_span(CodePoints& text, std::uint32_t& from, std::uint32_t& to, std::ui
 } // namespace
 
 void BaseLexicalEntry::parse_susanne(const std::string& line) {
+    static constexpr std::pair<std::string_view, std::string_view> pos_conversion[] = {
+        {"PPH01m", "PRP"}, {"APPGm", "PPOSAT"}, {"NN1c", "NN"}, {"NP1f", "NNP"}, {"VBR", "AUX"}, {"RR", "RB"},
+        {"CCr", "CC"},     {"NP1s", "NNP"},     {"AT1", "DT"},  {"VV0v", "VB"},  {"", ""}};
     static const boost::regex expression("([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)\t([^\t]*)");
     boost::smatch fields;
     if (!boost::regex_match(line, fields, expression)) {
@@ -113,11 +113,12 @@ void BaseLexicalEntry::parse_susanne(const std::string& line) {
     }
     m_word_form = fields[4];
     m_lemma = fields[5];
-    const std::string tag = fields[3];
-    m_pos = tag;
-    for (const auto& [susanne_tag, pos] : SUSANNE_TAGS)
-        if (tag == susanne_tag)
-            m_pos = pos;
+    m_pos = fields[3];
+    const auto* row = pos_conversion;
+    while (!row->first.empty() && row->first != m_pos)
+        ++row;
+    if (!row->first.empty())
+        m_pos = row->second;
 }
 
 void BaseLexicalEntry::parse_oanc(xmlpp::Element* pel, const Glib::ustring& text) {

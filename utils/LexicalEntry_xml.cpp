@@ -5,19 +5,16 @@
 #include <libxml++/libxml++.h>
 
 #include <iostream>
+#include <string_view>
+#include <utility>
 
 namespace zelvor {
 
-namespace {
-
-/// First letter of the positional tag, and the part of speech that it stands for.
-constexpr const char* LDT_TAGS[][2] = {{"n", "NN"},  {"v", "V"},   {"t", "VP"},   {"a", "ADJ"},
-                                       {"d", "ADV"}, {"c", "CON"}, {"p", "P"},    {"m", "NUM"},
-                                       {"i", "ITJ"}, {"e", "ITJ"}, {"r", "APPR"}, {"u", "$,"}};
-
-} // namespace
-
 void LexicalEntry::parse_ldt(xmlpp::Element* pel, bool /*autocorrect*/) {
+    // First letter of the positional tag, and the part of speech that it stands for.
+    static constexpr std::pair<std::string_view, std::string_view> pos_conversion[] = {
+        {"n", "NN"},  {"v", "V"},   {"t", "VP"},  {"a", "ADJ"},  {"d", "ADV"}, {"c", "CON"}, {"p", "P"},
+        {"m", "NUM"}, {"i", "ITJ"}, {"e", "ITJ"}, {"r", "APPR"}, {"u", "$,"},  {"", ""}};
     if (!pel)
         return;
     m_word_form = pel->get_attribute_value("form").raw();
@@ -26,9 +23,11 @@ void LexicalEntry::parse_ldt(xmlpp::Element* pel, bool /*autocorrect*/) {
         m_lemma.pop_back(); // kept: a homonym mark is assumed, whatever the byte is
     const std::string tag = pel->get_attribute_value("postag").raw().substr(0, 1);
     std::cout << "pos: " << tag << std::endl;
-    for (const auto& [letter, pos] : LDT_TAGS)
-        if (tag == letter)
-            m_pos = pos;
+    const auto* row = pos_conversion;
+    while (!row->first.empty() && row->first != tag)
+        ++row;
+    if (!row->first.empty())
+        m_pos = row->second;
     std::cout << "mpos: " << m_pos << std::endl;
 }
 
