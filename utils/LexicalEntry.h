@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -162,7 +163,7 @@ protected:
 
 private:
     struct Tables; ///< which fields a line holds, a clone copies, and a merge compares and fills
-    void read_line(const std::string& line, int reader);
+    std::vector<std::string_view> read_line(const std::string& line, int reader); ///< returns the fields of the line
     void apply(const ConjugationEntry& row);
     void apply(const DeclensionEntry& row, const std::string& gender, const std::string& pos);
     void set_superlemma_from_lemma();

@@ -30,10 +30,10 @@ std::string joined(const std::set<std::string>& values) {
 
 } // namespace
 
-void LexicalEntry::read_line(const std::string& line, int reader) {
+std::vector<std::string_view> LexicalEntry::read_line(const std::string& line, int reader) {
     for (const Tables::Field field : Tables::EMPTIED_FIRST)
         (this->*field).clear();
-    const std::vector<std::string_view> fields = split_fields(line, "#");
+    std::vector<std::string_view> fields = split_fields(line, "#");
     for (std::size_t i = 0; const auto& [field, actions] : Tables::COLUMNS) {
         const std::size_t column = i++;
         if (actions[reader] == Tables::READ)
@@ -43,22 +43,21 @@ void LexicalEntry::read_line(const std::string& line, int reader) {
         if (field == &LexicalEntry::m_person)
             convert_person(m_person);
     }
-    if (reader != Tables::FULL)
-        return;
-    for (std::size_t i = std::size(Tables::COLUMNS); const Tables::Set set : Tables::SOURCES) {
-        if (i < fields.size())
-            tokenize_arg_set(std::string(trimmed(fields[i])), ",", this->*set);
-        ++i;
-    }
-    for (std::size_t i = std::size(Tables::COLUMNS) + std::size(Tables::SOURCES);
-         const Tables::Field field : Tables::BOOKKEEPING) {
-        if (i < fields.size())
-            this->*field = trimmed(fields[i]);
-        ++i;
-    }
+    return fields;
 }
 
-void LexicalEntry::parse_latin(const std::string& line) { read_line(line, Tables::FULL); }
+void LexicalEntry::parse_latin(const std::string& line) {
+    const std::vector<std::string_view> fields = read_line(line, Tables::FULL);
+    std::size_t column = std::size(Tables::COLUMNS);
+    const auto next_list = [&] { return column < fields.size() ? std::string(trimmed(fields[column++])) : ""; };
+    const std::string wf_sources = next_list(), lemma_sources = next_list(), pos_sources = next_list();
+    tokenize_arg_set(wf_sources, ",", m_originating_source_word_forms);
+    tokenize_arg_set(lemma_sources, ",", m_originating_source_lemmas);
+    tokenize_arg_set(pos_sources, ",", m_originating_source_pos);
+    for (const Tables::Field field : Tables::BOOKKEEPING)
+        if (column < fields.size())
+            this->*field = trimmed(fields[column++]);
+}
 
 void LexicalEntry::parse_latin_tagger(const std::string& line) {
     read_line(line, Tables::TAGGER);
