@@ -167,7 +167,7 @@ private:
     void apply(const ConjugationEntry& row);
     void apply(const DeclensionEntry& row, const std::string& gender, const std::string& pos);
     void set_superlemma_from_lemma();
-    bool is_mergeable(const LexicalEntry& other, bool extended_comparison) const;
+    bool agrees_with(const LexicalEntry& other, bool extended_comparison) const; ///< whatever the word forms are
 };
 
 /// True when either value is empty (unknown) or both are equal.

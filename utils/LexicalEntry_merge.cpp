@@ -4,19 +4,23 @@
 
 namespace zelvor {
 
-bool LexicalEntry::is_mergeable(const LexicalEntry& other, bool extended_comparison) const {
+bool LexicalEntry::agrees_with(const LexicalEntry& other, bool extended_comparison) const {
     const auto agree = [&](Tables::Field field) { return unifiable(this->*field, other.*field); };
-    // The word form first: most candidates differ in it, and then only one part of a large entry is touched.
-    return m_word_form == other.m_word_form && m_lemma == other.m_lemma && agree(&LexicalEntry::m_pos) &&
+    return m_lemma == other.m_lemma && agree(&LexicalEntry::m_pos) &&
            (!extended_comparison || std::ranges::all_of(Tables::COMPARED, agree));
 }
 
 bool LexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_representations,
                          std::multimap<std::string, BaseLexicalEntry*>& map_lexical_entries, bool extended_comparison) {
+    // Most candidates differ in the stored form: it is compared first, before a cast, and touches one part of the
+    // entry.
+    constexpr auto stored_form = &LexicalEntry::m_word_form;
     const auto [begin, end] = map_lexical_entries.equal_range(m_lemma);
     for (auto it = begin; it != end; ++it) {
+        if (!it->second || it->second->*stored_form != m_word_form)
+            continue;
         auto* const stored = dynamic_cast<LexicalEntry*>(it->second);
-        if (!stored || !is_mergeable(*stored, extended_comparison))
+        if (!stored || !agrees_with(*stored, extended_comparison))
             continue;
         for (const Tables::Set set : Tables::SOURCES)
             (stored->*set).insert((this->*set).begin(), (this->*set).end());
