@@ -3,7 +3,6 @@
 #include "utils/common_utils/text.h"
 
 #include <ostream>
-#include <tuple>
 
 namespace zelvor {
 
@@ -58,8 +57,11 @@ void BaseLexicalEntry::set_lemma(const std::string& lemma) {
 }
 
 bool BaseLexicalEntry::operator<(const BaseLexicalEntry& other) const {
-    return std::tuple(get_word_form(), get_lemma(), get_pos()) <
-           std::tuple(other.get_word_form(), other.get_lemma(), other.get_pos());
+    if (const int order = get_word_form().compare(other.get_word_form()); order != 0)
+        return order < 0;
+    if (const int order = get_lemma().compare(other.get_lemma()); order != 0)
+        return order < 0;
+    return m_pos < other.m_pos;
 }
 
 void write_set(std::set<std::string>& values, std::ostream& os) {

@@ -17,9 +17,6 @@ public:
     EnglishLexicalEntry() = default;
     EnglishLexicalEntry(const std::string& lemma, const std::string& word_form, const std::string& pos)
         : OriginatingLexicalEntryRepresentation(lemma, word_form, pos) {}
-    EnglishLexicalEntry(const EnglishLexicalEntry&) = default;
-    EnglishLexicalEntry& operator=(const EnglishLexicalEntry&) = default;
-    ~EnglishLexicalEntry() override = default;
 
     std::string get_case() const { return m_case; }
     void set_case(const std::string& cas) { m_case = cas; }

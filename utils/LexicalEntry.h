@@ -45,9 +45,6 @@ public:
     LexicalEntry() = default;
     LexicalEntry(const std::string& lemma, const std::string& word_form, const std::string& pos)
         : EnglishLexicalEntry(lemma, word_form, pos) {}
-    LexicalEntry(const LexicalEntry&) = default;
-    LexicalEntry& operator=(const LexicalEntry&) = default;
-    ~LexicalEntry() override = default;
 
     // A paradigm row applied to a lemma. The row is read and not kept; a null row gives an empty entry. The
     // superlemma becomes lemma + "@" + part of speech. Without stems, a suffix "-at" reads back as the lemma and "at".

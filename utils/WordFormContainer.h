@@ -19,7 +19,9 @@ public:
     WordFormContainer() = default;
     WordFormContainer(const std::string& word_form) : m_word_form(word_form) {}
     WordFormContainer(const WordFormContainer&) = default;
+    WordFormContainer(WordFormContainer&&) = default;
     WordFormContainer& operator=(const WordFormContainer&) = default;
+    WordFormContainer& operator=(WordFormContainer&&) = default;
     virtual ~WordFormContainer() = default;
 
     virtual std::string get_word_form() const;

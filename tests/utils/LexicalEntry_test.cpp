@@ -9,9 +9,12 @@
 #include <sstream>
 #include <stdexcept>
 #include <tuple>
+#include <type_traits>
 
 namespace zelvor {
 namespace {
+
+static_assert(std::is_nothrow_move_constructible_v<LexicalEntry>, "a growing vector would copy");
 
 /// A line "f0#f1#...", with some fields replaced.
 std::string line_of(std::size_t size, const std::map<std::size_t, std::string>& replaced = {}) {
