@@ -122,6 +122,19 @@ double apply_rules(std::size_t units) {
     return time;
 }
 
+/// Half of the rules apply, and the conclusion of the others is the end of all of theirs.
+double pass_over_rules(std::size_t units) {
+    std::vector<zelvor::Rule*> rules;
+    for (std::size_t i = 0; i < units / 2; ++i)
+        rules.push_back(new zelvor::Rule(std::to_string(100'000 + i) + "s", "ing", nullptr));
+    for (std::size_t i = 0; i < units / 2; ++i)
+        rules.push_back(new zelvor::Rule("s", "qq", nullptr));
+    std::vector<std::string> forms;
+    const double time = processor_seconds([&] { zelvor::apply_rules("walking", rules, forms, nullptr); });
+    zelvor::delete_rules(rules);
+    return time;
+}
+
 /// A model of which a fifth of the n-grams are 1-grams and the others 2-grams.
 double load_model(std::size_t units, const std::string& filename) {
     std::ofstream file(filename);
@@ -155,6 +168,7 @@ int main() {
         {"edit distance", "pair of characters", 250'000, compare},
         {"merge", "entry", 50'000, merge},
         {"rules that all apply", "rule", 5'000, apply_rules},
+        {"rules that miss", "rule", 5'000, pass_over_rules},
         {"language model: load", "n-gram", 100'000,
          [&](std::size_t n) { return load_model(n, directory.path("model.arpa")); }},
     };

@@ -75,16 +75,23 @@ bool subsumes(const Rule& longer, const Rule& rule) {
     return extends(longer.get_conclusion(), rule.get_conclusion()) && extends(longer.get_premise(), rule.get_premise());
 }
 
-/// The rules that have been applied. Those whose conclusions end alike stand together.
+/// The rules that have been applied to a lemma. Those whose conclusions end alike stand together.
 class UsedRules {
 public:
+    explicit UsedRules(const std::string& lemma) : m_lemma(lemma) {}
+
     void add(const Rule& rule) { m_rules.emplace(reversed(rule.get_conclusion()), &rule); }
 
     /// Whether the conclusion was used, or a longer rule covers the same change.
     bool rule_out(const Rule& rule) const {
         const std::string end = reversed(rule.get_conclusion());
-        for (auto it = m_rules.lower_bound(end); it != m_rules.end() && it->first.starts_with(end); ++it)
-            if (it->first == end || subsumes(*it->second, rule))
+        auto it = m_rules.lower_bound(end);
+        if (it != m_rules.end() && it->first == end)
+            return true;
+        if (!m_lemma.ends_with(rule.get_premise())) // then it does not end with a longer premise either
+            return false;
+        for (; it != m_rules.end() && it->first.starts_with(end); ++it)
+            if (subsumes(*it->second, rule))
                 return true;
         return false;
     }
@@ -92,6 +99,7 @@ public:
 private:
     static std::string reversed(const std::string& text) { return {text.rbegin(), text.rend()}; }
 
+    const std::string& m_lemma;
     std::multimap<std::string, const Rule*> m_rules; ///< by the reversed conclusion
 };
 
@@ -161,9 +169,9 @@ void insert(std::set<std::string>& set_entries, std::string s) {
 
 void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vector<std::string>& created_surface_forms,
                  log4cpp::Category* pmain_cat) {
-    UsedRules used_rules;
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::string input = lemma; // may be an element of the list that grows
+    UsedRules used_rules(input);
     log_info(pmain_cat, "number of rules: ", std::to_string(rules.size()));
     for (const Rule* const rule : rules) {
         if (!rule)
