@@ -46,7 +46,8 @@ public:
     ~ArpaLM() override;
 
     /// Reads a model of any order. False, with one error record that names file and line, for what is not ARPA text or
-    /// has no end; model and vocabulary are then as they were. Wrong counts are a warning.
+    /// has no end; model and vocabulary are then as they were. Wrong counts are a warning, and so is a log10
+    /// probability of up to 1e-4, which counts as 0. "<UNK>" is read as "<unk>" where the model has no 1-gram "<unk>".
     bool load(const std::string& filename);
 
     /// A word that the model lacks scores as "<unk>", and where the model lacks that too, -99.

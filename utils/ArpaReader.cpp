@@ -14,6 +14,9 @@ namespace zelvor {
 namespace {
 
 constexpr std::size_t MAX_ORDER = 1000;
+constexpr float MAX_ROUNDED = 1e-4F; // what rounding may make of the logarithm of nearly 1
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+constexpr std::string_view CAPITAL_UNKNOWN = "<UNK>";
 
 // A finite number; "-inf", as some toolkits write a probability of 0, is -99.
 bool read_number(std::string_view text, float& number) {
@@ -57,12 +60,12 @@ bool ArpaReader::read(const std::string& filename) {
         if (!next_line(file))
             is_good = fail("\"\\end\\\": the file is cut short");
         else if (m_line.starts_with('\\'))
-            is_good = m_line == "\\end\\" ? m_order > 0 || fail("a section \"\\1-grams:\"") : begin_section();
+            is_good = m_line == "\\end\\" ? end_file() : begin_section();
         else
             is_good = m_order == 0 ? read_header_line() : read_ngram();
     }
     if (is_good)
-        compare_counts(filename);
+        add_warnings(filename);
     else
         m_error = filename + ": " + m_error;
     return is_good;
@@ -71,10 +74,16 @@ bool ArpaReader::read(const std::string& filename) {
 // What precedes "\data\" is comment.
 bool ArpaReader::read_to_data(std::istream& file) {
     while (next_line(file)) {
+        const bool is_first = m_line_number == 1;
+        if (is_first && m_line.starts_with(BYTE_ORDER_MARK))
+            m_line = trimmed(m_line.substr(BYTE_ORDER_MARK.size()));
         if (m_line == "\\data\\")
             return true;
-        if (m_line_number == 1 && m_line.starts_with("\x1F\x8B"))
+        if (is_first && m_line.starts_with("\x1F\x8B"))
             return fail("text, but the file is compressed: unpack it with gunzip first");
+        if (is_first && m_line == "iARPA")
+            return fail(
+                "a finished model, not one in the making (iARPA): let its toolkit compile it to ARPA text first");
     }
     return fail("\"\\data\\\": no ARPA file, or a binary model, which its own toolkit can write as ARPA text");
 }
@@ -96,9 +105,23 @@ bool ArpaReader::begin_section() {
     const std::string expected = "\\" + std::to_string(m_order + 1) + "-grams:";
     if (m_line != expected || m_order == MAX_ORDER)
         return fail("\"" + expected + "\" or \"\\end\\\"");
+    place_capital_unknown();
     ++m_order;
     m_counted.push_back(0);
     return true;
+}
+
+bool ArpaReader::end_file() {
+    place_capital_unknown();
+    return m_order > 0 || fail("a section \"\\1-grams:\"");
+}
+
+// Only behind the 1-grams is it known whether "<UNK>" stands for "<unk>" or is a word of its own.
+void ArpaReader::place_capital_unknown() {
+    if (m_order != 1 || !m_capital_unknown)
+        return;
+    const unsigned int word = m_has_unknown ? m_vocab.add(CAPITAL_UNKNOWN) : ArpaVocab::UNKNOWN;
+    m_ngrams.set(m_ngrams.add(NgramTable::ROOT, word), m_capital_unknown->first, m_capital_unknown->second);
 }
 
 bool ArpaReader::read_ngram() {
@@ -106,24 +129,41 @@ bool ArpaReader::read_ngram() {
     float log10_prob = 0;
     float log10_backoff = 0;
     const bool has_backoff = m_fields.size() == m_order + 2;
-    if ((!has_backoff && m_fields.size() != m_order + 1) || !read_number(m_fields[0], log10_prob) || log10_prob > 0 ||
-        (has_backoff && !read_number(m_fields.back(), log10_backoff)))
+    if ((!has_backoff && m_fields.size() != m_order + 1) || !read_number(m_fields[0], log10_prob) ||
+        log10_prob > MAX_ROUNDED || (has_backoff && !read_number(m_fields.back(), log10_backoff)))
         return fail("a log10 probability, " + std::to_string(m_order) +
                     " words and perhaps a log10 back-off weight: " + get_substr(std::string(m_line), 60));
+    if (log10_prob > 0) {
+        log10_prob = 0;
+        if (++m_num_rounded == 1)
+            m_first_rounded_line = m_line_number;
+    }
+    ++m_counted.back();
+    if (m_order == 1 && m_fields[1] == CAPITAL_UNKNOWN) {
+        if (!m_capital_unknown)
+            m_capital_unknown.emplace(log10_prob, log10_backoff);
+        return true;
+    }
     std::uint32_t ngram = NgramTable::ROOT;
     if (!read_words(ngram))
         return false;
-    ++m_counted.back();
     // "<unk>" is there from the start, with the probability that a file without it gets
-    if (!m_ngrams.has_prob(ngram) || (m_order == 1 && m_vocab.find(m_fields[1]) == ArpaVocab::UNKNOWN))
+    const bool is_unknown = m_order == 1 && m_fields[1] == "<unk>";
+    m_has_unknown = m_has_unknown || is_unknown;
+    if (is_unknown || !m_ngrams.has_prob(ngram))
         m_ngrams.set(ngram, log10_prob, log10_backoff);
     return true;
+}
+
+unsigned int ArpaReader::find_word(std::string_view text) const {
+    const bool is_unknown = text == CAPITAL_UNKNOWN && m_capital_unknown && !m_has_unknown;
+    return is_unknown ? ArpaVocab::UNKNOWN : m_vocab.find(text);
 }
 
 // A context that has no line of its own is entered without a probability.
 bool ArpaReader::read_words(std::uint32_t& ngram) {
     for (std::size_t i = 1; i <= m_order; ++i) {
-        const unsigned int word = m_order == 1 ? m_vocab.add(m_fields[i]) : m_vocab.find(m_fields[i]);
+        const unsigned int word = m_order == 1 ? m_vocab.add(m_fields[i]) : find_word(m_fields[i]);
         if (m_order > 1 && m_ngrams.find(NgramTable::ROOT, word) == NgramTable::NONE)
             return fail("words of the 1-grams, not " + get_substr(std::string(m_fields[i]), 60));
         ngram = m_ngrams.add(ngram, word);
@@ -131,7 +171,10 @@ bool ArpaReader::read_words(std::uint32_t& ngram) {
     return true;
 }
 
-void ArpaReader::compare_counts(const std::string& filename) {
+void ArpaReader::add_warnings(const std::string& filename) {
+    if (m_num_rounded > 0)
+        m_warnings.push_back(filename + ": log10 probabilities above 0 count as 0: " + std::to_string(m_num_rounded) +
+                             ", the first one on line " + std::to_string(m_first_rounded_line));
     const std::size_t orders = std::max(m_announced.size(), m_counted.size());
     m_announced.resize(orders);
     m_counted.resize(orders);

@@ -3,8 +3,10 @@
 #include "utils/ArpaTables.h"
 
 #include <istream>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelvor {
@@ -27,16 +29,23 @@ private:
     bool read_to_data(std::istream& file);
     bool read_header_line();
     bool begin_section();
+    bool end_file();
+    void place_capital_unknown();
     bool read_ngram();
     bool read_words(std::uint32_t& ngram);
+    unsigned int find_word(std::string_view text) const;
     bool fail(const std::string& expected);
-    void compare_counts(const std::string& filename);
+    void add_warnings(const std::string& filename);
 
     WordTable m_vocab;
     NgramTable m_ngrams;
-    std::size_t m_order = 0;              ///< of the section that is being read; 0 in the header
-    std::vector<std::size_t> m_announced; ///< n-grams by order - 1, from the header
-    std::vector<std::size_t> m_counted;   ///< the same, as read
+    std::size_t m_order = 0;                                  ///< of the section that is being read; 0 in the header
+    std::vector<std::size_t> m_announced;                     ///< n-grams by order - 1, from the header
+    std::vector<std::size_t> m_counted;                       ///< the same, as read
+    bool m_has_unknown = false;                               ///< whether there is a 1-gram "<unk>"
+    std::optional<std::pair<float, float>> m_capital_unknown; ///< log10 probability and back-off weight of "<UNK>"
+    std::size_t m_num_rounded = 0;                            ///< probabilities that rounding took above 1
+    std::size_t m_first_rounded_line = 0;
     std::string m_buffer;
     std::string_view m_line; ///< trimmed
     std::vector<std::string_view> m_fields;

@@ -74,6 +74,21 @@ TEST_F(Arpa, ModelsMayLackUnknownWordsAndCount) {
     EXPECT_NEAR(score("rex sum"), -0.5 - 99 - 1, 1e-4);
 }
 
+TEST_F(Arpa, UnknownWordsMayBeInCapitalsAndRoundingMayGoAboveOne) {
+    const std::string start =
+        "\xEF\xBB\xBF\\data\\\nngram 1=4\nngram 2=1\n\\1-grams:\n-1 </s>\n0.0001 a\n-2 <UNK> -0.5\n";
+    const std::string end = "\\2-grams:\n-0.25 <UNK> a\n\\end\\\n";
+    using Row = std::pair<const char*, double>; // the fourth 1-gram, and what "b a" scores with it
+    for (const auto& [line, expected] : {Row("0.00003 c\n", -2 - 0.25 - 1), Row("-3 <unk>\n", -3 + 0 - 1)}) {
+        log.records.str("");
+        ASSERT_TRUE(load(start + line + end));
+        EXPECT_NEAR(score("b a"), expected, 1e-6) << line;
+        EXPECT_NEAR(score("<UNK> a"), -2 - 0.25 - 1, 1e-6) << line;
+        EXPECT_TRUE(log.has(line[0] == '0' ? "above 0 count as 0: 2, the first one on line 6" : ": 1, the first one"));
+        EXPECT_FALSE(log.has("announced")) << log.records.str();
+    }
+}
+
 TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
     ASSERT_TRUE(load("\\data\\\nngram 1=2\n\\1-grams:\n-1 </s>\n-0.5 rex\n\\end\\\n"));
     const std::string start = "\\data\\\n\\1-grams:\n-1 novum\n";
@@ -81,6 +96,7 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
     for (const auto& [text, message] :
          {Row("", "line 0: expected \"\\data\\\""),
           Row("\x1F\x8B\x08\n\\data\\\n", "line 1: expected text, but the file is compressed"),
+          Row("iARPA\n\\data\\\n", "line 1: expected a finished model"),
           Row(std::string("\0\xFF\n\0", 4), "line 2: expected \"\\data\\\""),
           Row("\\data\\\nngram 1:2\n", "line 2: expected \"ngram ORDER=COUNT\""),
           Row("\\data\\\n\\end\\\n", "line 2: expected a section"),
