@@ -2,8 +2,7 @@
 
 #include "utils/ArpaReader.h"
 #include "utils/ArpaTables.h"
-
-#include <log4cpp/Category.hh>
+#include "utils/logging_utils.h"
 
 #include <functional>
 #include <utility>
@@ -96,12 +95,10 @@ std::size_t ArpaLM::get_num_ngrams() const { return m_pngrams->size(); }
 bool ArpaLM::load(const std::string& filename) {
     ArpaReader reader(*m_vocab.m_pwords);
     const bool is_read = reader.read(filename);
-    if (m_pmain_cat) {
-        for (const std::string& warning : reader.get_warnings())
-            m_pmain_cat->warn(warning);
-        if (!is_read)
-            m_pmain_cat->error(reader.get_error());
-    }
+    for (const std::string& warning : reader.get_warnings())
+        log_message(m_pmain_cat, {warning}, log4cpp::Priority::WARN);
+    if (!is_read)
+        log_message(m_pmain_cat, {reader.get_error()}, log4cpp::Priority::ERROR);
     if (is_read) {
         m_order = reader.get_order();
         *m_vocab.m_pwords = std::move(reader.vocab());

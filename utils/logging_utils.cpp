@@ -5,20 +5,13 @@
 #include <log4cpp/FileAppender.hh>
 
 #include <iostream>
+#include <memory>
 
 namespace zelvor {
 
 namespace {
 
 constexpr char LOG_DIRECTORY[] = "/var/log/zelvor"; // an array, because a std::string may not exist before main()
-
-void log_info(const std::string& message, log4cpp::Category& category, pthread_mutex_t* mutex) {
-    if (mutex)
-        pthread_mutex_lock(mutex);
-    category.info(message);
-    if (mutex)
-        pthread_mutex_unlock(mutex);
-}
 
 } // namespace
 
@@ -36,14 +29,27 @@ log4cpp::Category* setup_logger(const std::string& log_filename, const std::stri
     return &category;
 }
 
+void log_message(log4cpp::Category* cat, std::initializer_list<std::string_view> parts,
+                 log4cpp::Priority::Value priority, pthread_mutex_t* mutex) {
+    if (!cat)
+        return;
+    std::string message;
+    for (const std::string_view part : parts)
+        message += part;
+    if (mutex)
+        pthread_mutex_lock(mutex);
+    const std::unique_ptr<pthread_mutex_t, int (*)(pthread_mutex_t*)> guard(mutex, pthread_mutex_unlock);
+    cat->log(priority, message);
+}
+
 void lu_lock_info_pthread(std::string message, log4cpp::Category* cat, pthread_mutex_t* mutex) {
     if (cat && cat->isInfoEnabled())
-        log_info(message, *cat, mutex);
+        log_message(cat, {message}, log4cpp::Priority::INFO, mutex);
 }
 
 void lu_lock_debug_pthread(std::string message, log4cpp::Category* cat, pthread_mutex_t* mutex) {
     if (cat && cat->isDebugEnabled())
-        log_info(message, *cat, mutex);
+        log_message(cat, {message}, log4cpp::Priority::INFO, mutex);
 }
 
 } // namespace zelvor

@@ -1,11 +1,11 @@
 #include "utils/common_utils/entity_guard.h"
 
 #include "utils/common_utils/files.h"
+#include "utils/logging_utils.h"
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/uri.h>
-#include <log4cpp/Category.hh>
 
 #include <algorithm>
 #include <atomic>
@@ -116,8 +116,7 @@ void EntityGuard::rethrow() const {
 
 EntityGuard::EntityGuard(const std::string& document, log4cpp::Category* pcat)
     : EntityGuard(document, [document, pcat](const std::string& message) {
-          if (pcat)
-              pcat->error(document + ": " + message);
+          log_message(pcat, {document, ": ", message}, log4cpp::Priority::ERROR);
       }) {}
 
 EntityGuard::EntityGuard(const std::string& document, Listener refused)

@@ -6,8 +6,7 @@
 #include "utils/common_utils/process.h"
 #include "utils/common_utils/text.h"
 #include "utils/lexicon_utils/heap_maps.h"
-
-#include <log4cpp/Category.hh>
+#include "utils/logging_utils.h"
 
 #include <algorithm>
 #include <fstream>
@@ -20,11 +19,6 @@
 namespace zelvor {
 
 namespace {
-
-void log_info(log4cpp::Category* category, const std::string& message) {
-    if (category)
-        category->info(message);
-}
 
 // Calls use_line for every cached line, and returns the word forms that have none.
 template<typename Use>
@@ -77,7 +71,7 @@ void print_models(const std::string& program, const Models& models) {
 std::string run(const std::string& program, const std::string& input, const Models& models, const std::string& output,
                 const std::string& log_heading, log4cpp::Category* category) {
     const std::string command = program + " " + input + " " + models.model + " " + models.seg_model + " 2 5 " + output;
-    log_info(category, log_heading + command);
+    log_message(category, {log_heading, command});
     return exec(command);
 }
 
@@ -153,7 +147,7 @@ void call_lemmatizer(std::string temp_directory, log4cpp::Category* pcat, const 
     const std::string result = run_lemmatizer(temp_directory, misses, lemmatizer_path, {lemma_model, lemma_seg_model},
                                               "lemmaizer_command: ", pcat) +
                                cached_lines;
-    log_info(pcat, "lemmatizer result: " + result);
+    log_message(pcat, {"lemmatizer result: ", result});
     bool ignored = false;
     for_each_line_of(result, [&](const std::string& line) { parse_line(line, map_wfc, nullptr, ignored, true); });
 }
@@ -172,7 +166,7 @@ void call_lemmatizer_all_pos(std::string temp_directory, log4cpp::Category* pcat
         print_models("lemmatizer", models);
         const std::string result =
             run_lemmatizer(temp_directory, misses, lemmatizer_path, models, "lemmaizer_command: ", pcat) + cached_lines;
-        log_info(pcat, "lemmatizer result: " + result);
+        log_message(pcat, {"lemmatizer result: ", result});
         for_each_line_of(result, [&](const std::string& line) { parse_line(line, map_wfc, cache, modified, false); });
     }
 }
@@ -196,7 +190,7 @@ void call_lemmatizer_pos(std::string temp_directory, log4cpp::Category* pcat,
         const std::string result =
             run_lemmatizer(temp_directory, misses, lemmatizer_path, models_of_tag(lemma_model, lemma_seg_model, tag),
                            "lemmatizer_command: ", pcat);
-        log_info(pcat, "lemmatizer result: " + result);
+        log_message(pcat, {"lemmatizer result: ", result});
         for_each_line_of(result, [&](const std::string& line) { parse_line(line, containers, cache, modified, true); });
     }
 }
@@ -216,7 +210,7 @@ void call_ocr(std::string temp_directory, log4cpp::Category* pcat, const std::se
         result = run(ocr_directory + "/decode.sh", input, models, temp_directory + "/ocr", "ocr_command: ", pcat);
     }
     result += cached_lines;
-    log_info(pcat, "ocr result: " + result);
+    log_message(pcat, {"ocr result: ", result});
     for_each_line_of(result,
                      [&](const std::string& line) { parse_line_ocr(line, map_wfc, pmap_cache, modified, false); });
 }

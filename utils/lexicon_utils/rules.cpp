@@ -4,9 +4,9 @@
 #include "utils/common_utils/entity_guard.h"
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/text.h"
+#include "utils/logging_utils.h"
 
 #include <libxml++/libxml++.h>
-#include <log4cpp/Category.hh>
 
 #include <algorithm>
 #include <filesystem>
@@ -23,12 +23,6 @@ using RuleSets = std::set<std::vector<Rule*>*>;
 using Sources = std::set<std::string>;
 
 std::size_t premise_length(const Rule* rule) { return rule ? rule->get_premise().size() : 0; }
-
-template<typename... Parts>
-void log_info(log4cpp::Category* category, const Parts&... parts) {
-    if (category)
-        category->info((std::string() + ... + parts));
-}
 
 /// A directory opens and cannot be read; a pipe would be read for good.
 bool is_readable(const std::string& filename) {
@@ -128,7 +122,7 @@ void parse_rules(const std::string& rule_filename, std::vector<Rule*>& vec_prule
         vec_prules.push_back(new Rule(line.substr(0, blank), premise, nullptr));
     });
     std::ranges::stable_sort(vec_prules, std::ranges::greater(), premise_length);
-    log_info(pmain_cat, " number of rules in " + rule_filename + ": " + std::to_string(vec_prules.size()));
+    log_message(pmain_cat, {" number of rules in ", rule_filename, ": ", std::to_string(vec_prules.size())});
 }
 
 void parse_rules_features(const std::string& filename, RuleMap& map_set_rules) {
@@ -172,21 +166,21 @@ void apply_rules(const std::string& lemma, std::vector<Rule*>& rules, std::vecto
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const std::string input = lemma; // may be an element of the list that grows
     UsedRules used_rules(input);
-    log_info(pmain_cat, "number of rules: ", std::to_string(rules.size()));
+    log_message(pmain_cat, {"number of rules: ", std::to_string(rules.size())});
     for (const Rule* const rule : rules) {
         if (!rule)
             continue;
         const std::string& conclusion = rule->get_conclusion();
         if (used_rules.rule_out(*rule)) {
-            log_info(pmain_cat, "conclusion ", conclusion, " already used. Skipping");
+            log_message(pmain_cat, {"conclusion ", conclusion, " already used. Skipping"});
             continue;
         }
-        log_info(pmain_cat, "apply rule: ", conclusion, "<=", rule->get_premise(), " on ", input);
+        log_message(pmain_cat, {"apply rule: ", conclusion, "<=", rule->get_premise(), " on ", input});
         const std::string result = rule->apply_rule(input);
-        log_info(pmain_cat, "result: ", result);
+        log_message(pmain_cat, {"result: ", result});
         if (result.empty())
             continue;
-        log_info(pmain_cat, "application of rule successful");
+        log_message(pmain_cat, {"application of rule successful"});
         created_surface_forms.push_back(result);
         used_rules.add(*rule);
     }
