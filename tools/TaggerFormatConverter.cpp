@@ -4,6 +4,7 @@
 #include "training/tei_inputs.h"
 #include "utils/LexicalEntry.h"
 #include "utils/common_utils/entity_guard.h"
+#include "utils/common_utils/files.h"
 #include "utils/common_utils/text.h"
 #include "utils/logging_utils.h"
 
@@ -16,10 +17,8 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <memory>
 #include <stdexcept>
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 namespace zelvor {
@@ -137,17 +136,12 @@ void TaggerFormatConverter::create_model_data_file(std::string path, std::ostrea
         write_sentences(*parser.get_entry_representations(), out);
         return;
     }
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(path.c_str()), closedir);
-    if (!directory) {
-        const int error = errno;
-        std::cout << "Error(" << error << ") opening " << path << std::endl;
-        return;
-    }
-    while (const dirent* const entry = readdir(directory.get())) {
-        const std::string name = entry->d_name;
+    const FolderErrors errors = for_each_name_or_print(path, [&](const std::string& name) {
         if (name != ".." && name != ".")
             create_model_data_file(path + "/" + name, out, parser);
-    }
+    });
+    if (errors.reading != 0)
+        m_main_cat.error(path + ": " + std::strerror(errors.reading));
 }
 
 } // namespace zelvor

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
+#include <iostream>
 #include <memory>
 #include <string>
+
+#include <dirent.h>
 
 namespace zelvor {
 
@@ -17,6 +21,32 @@ bool for_each_line(const std::string& filename, Use use) {
     for (std::string line; std::getline(file, line);)
         use(line);
     return true;
+}
+
+/// Why a folder was not read: error numbers, 0 where there is none.
+struct FolderErrors {
+    int opening = 0;
+    int reading = 0; ///< after some of its names
+};
+
+/// Calls use(name) for every name in a folder, "." and ".." among them, in the order of the system.
+template<typename Use>
+FolderErrors for_each_name(const std::string& folder, Use use) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
+    if (!directory)
+        return {errno};
+    for (errno = 0; const dirent* const entry = readdir(directory.get()); errno = 0)
+        use(std::string(entry->d_name));
+    return {0, errno};
+}
+
+/// The same, with a line on standard output for a folder that cannot be opened.
+template<typename Use>
+FolderErrors for_each_name_or_print(const std::string& folder, Use use) {
+    const FolderErrors errors = for_each_name(folder, use);
+    if (errors.opening != 0)
+        std::cout << "Error(" << errors.opening << ") opening " << folder << std::endl;
+    return errors;
 }
 
 /// The absolute path without links and ".."; empty when there is nothing of that name.

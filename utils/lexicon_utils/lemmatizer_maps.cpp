@@ -6,12 +6,8 @@
 #include "utils/common_utils/text.h"
 #include "utils/lexicon_utils/heap_maps.h"
 
-#include <cerrno>
 #include <fstream>
 #include <iostream>
-#include <memory>
-
-#include <dirent.h>
 
 namespace zelvor {
 
@@ -49,19 +45,12 @@ void fill_ocr_hashmap(const std::string& ocr_hashmap_file, LineCache& map_ocr_ca
 void fill_lemmatizer_hashmap_allpos(const std::string& lemmatizer_directory,
                                     std::map<std::string, LineCache*>& map_lemmatizer_cache) {
     std::cout << "input_directory" << lemmatizer_directory << std::endl;
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(lemmatizer_directory.c_str()), closedir);
-    if (!directory) {
-        const int error = errno;
-        std::cout << "Error(" << error << ") opening " << lemmatizer_directory << std::endl;
-        return;
-    }
-    while (const dirent* entry = readdir(directory.get())) {
-        const std::string name = entry->d_name;
+    for_each_name_or_print(lemmatizer_directory, [&](const std::string& name) {
         if (name == "." || name == "..")
-            continue;
+            return;
         if (LineCache* const cache = find_or_create(map_lemmatizer_cache, name.substr(0, name.find('.'))))
             fill_line_cache(name, ' ', *cache); // kept: by the bare name, not below the directory
-    }
+    });
 }
 
 void free_lemmatizer_map(std::map<std::string, LineCache*>& map_lemmatizer_cache) { free_inner(map_lemmatizer_cache); }

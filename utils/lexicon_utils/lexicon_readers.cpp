@@ -4,13 +4,9 @@
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/text.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 #include <string_view>
-
-#include <dirent.h>
 
 namespace zelvor {
 
@@ -30,23 +26,17 @@ bool is_name_tag(std::string_view pos) { return pos == "NE" || pos == "NP" || po
 
 /// False when the directory cannot be opened, which is reported.
 bool read_names(const std::string& directory_name, std::set<std::string>& names, std::set<std::string>& all_names) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(directory_name.c_str()), closedir);
-    if (!directory) {
-        const int error = errno;
-        std::cout << "Error(" << error << ") opening " << directory_name << std::endl;
-        return false;
-    }
-    while (const dirent* const entry = readdir(directory.get())) {
-        const std::string path = directory_name + "/" + entry->d_name;
+    const FolderErrors errors = for_each_name_or_print(directory_name, [&](const std::string& filename) {
+        const std::string path = directory_name + "/" + filename;
         std::cout << "filename: " << path << std::endl;
         if (!vends_with(path, ".lst"))
-            continue;
+            return;
         for_each_line(path, [&](const std::string& name) {
             names.insert(name);
             all_names.insert(name);
         });
-    }
-    return true;
+    });
+    return errors.opening == 0;
 }
 
 } // namespace
