@@ -16,6 +16,8 @@ class Element;
 
 namespace zelvor {
 
+class CodePoints;
+
 /// The smallest dictionary analysis: a form, its lemma, its tag.
 ///
 /// The word form is stored relative to the lemma: "-" where the two are equal, "-us" for amicus under amic, and as it
@@ -38,6 +40,8 @@ public:
     /// children with "name" and "value". A span that does not begin with the lemma is moved by one or two characters.
     /// Throws std::out_of_range where the span begins beyond the end of text; a null element changes nothing.
     virtual void parse_oanc(xmlpp::Element* pel, const Glib::ustring& text);
+    /// The same for the tokens of a whole document: each is looked for from the one before it, not from the beginning.
+    void parse_oanc(xmlpp::Element* pel, CodePoints& text);
     virtual std::string get_lemma() const;
     virtual std::string get_abbreviated_word_form() const; ///< as stored
     /// Tokens: word form, lemma, part of speech of the lemma, part of speech. A lone word form is not stored.

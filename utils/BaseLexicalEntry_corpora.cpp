@@ -1,5 +1,6 @@
 #include "utils/BaseLexicalEntry.h"
 
+#include "utils/common_utils/code_points.h"
 #include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
 
@@ -8,81 +9,13 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
-#include <stdexcept>
 #include <string_view>
 #include <utility>
 
 namespace zelvor {
 
 namespace {
-
-/// A text addressed by code points without decoding all of it for every token: positions are found by walking on from
-/// the last one, or from where the last substring began.
-class CodePoints {
-public:
-    static constexpr char32_t NONE = 0xFFFFFFFF;
-
-    explicit CodePoints(std::string_view text) : m_text(text) {}
-
-    /// The code point at a position; NONE at or beyond the end.
-    char32_t at(std::uint32_t position) {
-        return seek(position) && m_here.byte < m_text.size() ? decode_character(m_text, m_here.byte).code_point : NONE;
-    }
-
-    bool contains(std::uint32_t position) { return at(position) != NONE; }
-
-    /// As std::string::substr, in code points: a start beyond the end throws std::out_of_range, a length is cut.
-    std::string substr(std::uint32_t from, std::uint32_t length) {
-        if (!seek(from))
-            throw std::out_of_range("span begins beyond the end of the text");
-        m_anchor = m_here;
-        const std::size_t begin = m_here.byte;
-        for (std::uint32_t i = 0; i < length && step(); ++i) {
-        }
-        return std::string(m_text.substr(begin, m_here.byte - begin));
-    }
-
-private:
-    struct Place {
-        std::uint32_t position = 0;
-        std::size_t byte = 0;
-    };
-
-    bool step() {
-        if (m_here.byte == m_text.size())
-            return false;
-        m_here.byte += decode_character(m_text, m_here.byte).length;
-        ++m_here.position;
-        return true;
-    }
-
-    /// Whether eight ASCII characters follow; most of a text is read in such strides.
-    bool is_stride() const {
-        std::uint64_t bytes = 0x80;
-        if (m_text.size() - m_here.byte >= sizeof bytes)
-            std::memcpy(&bytes, m_text.data() + m_here.byte, sizeof bytes);
-        return (bytes & 0x8080808080808080U) == 0;
-    }
-
-    /// False when the position lies beyond the end (the end itself can be reached).
-    bool seek(std::uint32_t position) {
-        if (position < m_here.position)
-            m_here = position < m_anchor.position ? Place{} : m_anchor;
-        while (position - m_here.position >= 8 && is_stride()) {
-            m_here.position += 8;
-            m_here.byte += 8;
-        }
-        while (m_here.position < position && step()) {
-        }
-        return m_here.position == position;
-    }
-
-    std::string_view m_text;
-    Place m_here;
-    Place m_anchor;
-};
 
 /// Moves a span that begins `distance` characters before its word; the end follows where a letter was cut off.
 void move_span(CodePoints& text, std::uint32_t& from, std::uint32_t& to, std::uint32_t distance) {
@@ -122,6 +55,11 @@ void BaseLexicalEntry::parse_susanne(const std::string& line) {
 }
 
 void BaseLexicalEntry::parse_oanc(xmlpp::Element* pel, const Glib::ustring& text) {
+    CodePoints characters(text.raw());
+    parse_oanc(pel, characters);
+}
+
+void BaseLexicalEntry::parse_oanc(xmlpp::Element* pel, CodePoints& text) {
     if (!pel)
         return;
     const std::string start = pel->get_attribute_value("from").raw();
@@ -139,13 +77,12 @@ void BaseLexicalEntry::parse_oanc(xmlpp::Element* pel, const Glib::ustring& text
     }
     auto from = static_cast<std::uint32_t>(std::atoi(start.c_str()));
     auto to = static_cast<std::uint32_t>(std::atoi(end.c_str()));
-    CodePoints characters(text.raw());
-    m_word_form = characters.substr(from, to - from);
+    m_word_form = text.substr(from, to - from);
     if (m_word_form.starts_with(m_lemma))
         return;
-    move_span(characters, from, to, 1);
-    move_span(characters, from, to, 2);
-    m_word_form = characters.substr(from, to - from);
+    move_span(text, from, to, 1);
+    move_span(text, from, to, 2);
+    m_word_form = text.substr(from, to - from);
 }
 
 } // namespace zelvor

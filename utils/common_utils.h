@@ -2,6 +2,7 @@
 
 /// The door to the common utilities: all of them with one include.
 #include "utils/common_utils/case.h"
+#include "utils/common_utils/code_points.h"
 #include "utils/common_utils/crash_handler.h"
 #include "utils/common_utils/distance.h"
 #include "utils/common_utils/encoding.h"

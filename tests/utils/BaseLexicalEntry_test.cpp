@@ -1,5 +1,7 @@
 #include "utils/BaseLexicalEntry.h"
 
+#include "utils/common_utils/code_points.h"
+
 #include <gtest/gtest.h>
 #include <libxml++/libxml++.h>
 
@@ -71,21 +73,27 @@ TEST(SusanneDeathTest, LinesOfAnotherShapeEndTheProcess) {
 TEST(Oanc, SpansTellTheirOffsetsAndKeepTheLastTag) {
     BaseLexicalEntry entry("a", "b", "c");
     entry.parse_oanc(nullptr, "");
+    CodePoints reader("a dogs b"); // goes on from token to token, and back
     xmlpp::DomParser parser;
     for (const auto& [from, to, word_form] :
-         {std::tuple{"1", "5", "dogs"}, {"1", "-1", "dogs b"}, {"7", "8", "b"}, {"99", "7", ""}}) {
+         {std::tuple{"1", "5", "dogs"}, {"1", "-1", "dogs b"}, {"7", "8", "b"}, {"99", "7", ""}, {"0", "1", "a"}}) {
         parser.parse_memory(std::string("<t from='") + from + "' to='" + to +
                             "'> <f name='base' value='cat'/><f name='msd' value='NN'/><f name='msd' value='NNS'/>"
                             "<f name='x' value='y'/></t>");
-        testing::internal::CaptureStdout();
-        try {
-            entry.parse_oanc(parser.get_document()->get_root_node(), "a dogs b");
-            EXPECT_EQ(entry.get_abbreviated_word_form(), word_form);
-        } catch (const std::out_of_range&) {
-            EXPECT_STREQ(word_form, "");
+        for (const bool is_reader : {false, true}) {
+            testing::internal::CaptureStdout();
+            try {
+                if (is_reader)
+                    entry.parse_oanc(parser.get_document()->get_root_node(), reader);
+                else
+                    entry.parse_oanc(parser.get_document()->get_root_node(), "a dogs b");
+                EXPECT_EQ(entry.get_abbreviated_word_form(), word_form);
+            } catch (const std::out_of_range&) {
+                EXPECT_STREQ(word_form, "");
+            }
+            EXPECT_EQ(testing::internal::GetCapturedStdout(), std::string("sfrom: ") + from + "\nsto: " + to + "\n");
+            EXPECT_EQ(entry.get_lemma() + entry.get_pos(), "catNNS");
         }
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), std::string("sfrom: ") + from + "\nsto: " + to + "\n");
-        EXPECT_EQ(entry.get_lemma() + entry.get_pos(), "catNNS");
     }
 }
 
