@@ -45,6 +45,7 @@ foreach(header
     utils/logging_utils.h
     utils/options.h
     utils/common_utils/case.h
+    utils/common_utils/code_points.h
     utils/common_utils/crash_handler.h
     utils/common_utils/distance.h
     utils/common_utils/encoding.h

@@ -1,11 +1,11 @@
 #include "training/tei_inputs.h"
 
+#include "utils/common_utils/files.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <memory>
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 namespace zelvor {
@@ -40,12 +40,9 @@ private:
 
     std::vector<std::string> names_in(const std::string& folder) {
         std::vector<std::string> names;
-        const std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
-        const dirent* entry = nullptr;
-        while (directory && (errno = 0, entry = readdir(directory.get())))
-            names.emplace_back(entry->d_name);
-        if (errno != 0)
-            m_fault(folder, std::strerror(errno));
+        const FolderErrors errors = for_each_name(folder, [&](const std::string& name) { names.push_back(name); });
+        if (const int error = errors.opening ? errors.opening : errors.reading; error != 0)
+            m_fault(folder, std::strerror(error));
         return names;
     }
 
