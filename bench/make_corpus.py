@@ -119,4 +119,5 @@ def main():
     write_corpus(os.path.join(folder, "corpus"), sentences(rng, words, tokens))
 
 
-main()
+if __name__ == "__main__":
+    main()
