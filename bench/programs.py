@@ -13,6 +13,8 @@ TOOL = ["build/release/tools/TaggerFormatConverter", "-i"]
 LIBRARY = ["build/release/examples/convert_with_lexicon"]
 TEI2CRF = ["build/release/tools/tei2crf", "-qq", "-l"]
 SCRIPT = [sys.executable, "bench/convert.py"]
+ATTRIBUTES = ["build/release/tools/tei2crf", "-qq", "--columns=form,lemma,pos,feats"]
+ATTRIBUTES_SCRIPT = ["/usr/bin/python3", "bench/tei_columns.py"]  # the interpreter that has Debian's lxml
 
 
 def run(command, output):
@@ -49,7 +51,7 @@ def main():
     folder, rounds = sys.argv[1], int(sys.argv[2])
     corpus, lexicon = folder + "/sample/corpus", folder + "/sample/lexicon.txt"
     large, empty, separators = folder + "/large/lexicon.txt", folder + "/empty", folder + "/separators"
-    tenfold = folder + "/tenfold"
+    tenfold, annotated = folder + "/tenfold", folder + "/annotated.xml"
     documents, all_documents = (sorted(glob.glob(path, recursive=True)) for path in (corpus + "/*/*.xml", tenfold + "/**/*.xml"))
     commands = {
         "parse only: xmllint --sax": ["xmllint", "--sax", "--noout", *documents],
@@ -65,9 +67,12 @@ def main():
         "library, lexicon alone": [*LIBRARY, empty, lexicon, separators],
         "tool, nothing to do": [*TOOL, empty, "-o", separators],
         "script, nothing to do": [*SCRIPT, "/dev/null", empty],
+        "parse only, annotated corpus": ["xmllint", "--sax", "--noout", annotated],
+        "lxml script, annotated corpus": [*ATTRIBUTES_SCRIPT, annotated],
+        "tei2crf, annotated corpus": [*ATTRIBUTES, annotated],
     }
     (parse, script, tool, library, tei2crf, parse_ten, tei2crf_ten, script_load, load, tei2crf_load, small, tool_start,
-     script_start) = commands
+     script_start, parse_annotated, script_annotated, tei2crf_annotated) = commands
     runs = measure(commands, folder, rounds)
     medians = {name: tuple(map(statistics.median, zip(*its_runs))) for name, its_runs in runs.items()}
 
@@ -97,6 +102,8 @@ def main():
     verdict("tei2crf / script", ratio(tei2crf, script), 0.2)
     verdict("tei2crf / xmllint --sax", ratio(tei2crf, parse), 3)
     verdict("tei2crf / xmllint --sax, tenfold corpus", ratio(tei2crf_ten, parse_ten), 3)
+    verdict("tei2crf without a lexicon / xmllint --sax", ratio(tei2crf_annotated, parse_annotated), 2.5)
+    verdict("tei2crf without a lexicon / lxml script", ratio(tei2crf_annotated, script_annotated), 0.2)
 
 
 if __name__ == "__main__":
