@@ -67,9 +67,7 @@ def inner_words(element):
 
 def pointers(value):
     """mte:Ncmsg and #Ncmsg are Ncmsg; several are joined."""
-    if " " not in value and value.startswith("mte:"):
-        return value[4:]
-    targets = (p.partition("#")[2] if "#" in p else p.partition(":")[2] if ":" in p else p for p in value.split())
+    targets = (p.partition("#")[2] if "#" in p else p.partition(":")[2] if ":" in p else p for p in clean(value).split(" "))
     return "|".join(filter(None, targets))
 
 
