@@ -11,7 +11,7 @@ PATH=$(dirname "$program"):$PATH
 
 commands=$(grep -Hn "^    \$ $name\b" "$source"/docs/*.md)
 while IFS=: read -r document number command; do
-    awk -v first="$number" 'NR > first { if (!/^    ./ || /^    \$ /) exit; print substr($0, 5) }' "$document" >expected
-    bash -c "${command#*$ }" >output
-    diff -u expected output
+    awk -v first="$number" 'NR > first { if ((/./ && !/^    ./) || /^    \$ /) exit; print substr($0, 5) }' "$document" >expected
+    bash -c "${command#*$ }" >output 2>&1
+    diff -u --ignore-blank-lines expected output
 done <<<"$commands"
