@@ -11,3 +11,6 @@ lexicon_line() { echo "0#s#sp#3#l#src#$2#$1#w#9#10#11#12#13#14#15#16#$3#18#19#20
 
 # word TEXT [ID [LEMMA]]
 word() { printf "<w lemma=\"x{'ls':[{'name':'%s','wfs':[{'id':%s}]}]}x\">%s</w>" "${3-l}" "${2-17}" "$1"; }
+
+# a OPTION... DOCUMENT: what comes out without a lexicon, in one line.
+a() { echo "<t>${*: -1}</t>" | tei2crf -qq --columns=form,pos "${@:1:$#-1}" - 2>&1 | paste -sd'|'; }
