@@ -33,6 +33,9 @@ check: build
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+	cmake --preset threads
+	cmake --build --preset threads
+	ctest --preset threads
 
 clang:
 	@scripts/setup.sh packages.txt packages-clang.txt

@@ -3,6 +3,7 @@
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 #include <iostream>
 #include <iterator>
@@ -10,8 +11,10 @@
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <thread>
 
 #include <getopt.h>
+#include <sched.h>
 
 namespace zelvor {
 
@@ -58,6 +61,7 @@ Lines:
                            drop it, replace the characters by "_", or fail; default: drop
       --whole-sentences    only sentences of which no token is left out
 
+  -j, --jobs=N             convert N files at the same time; default: a job for each core. The result is the same
       --hidden             read hidden files and folders below a folder too
       --strict             stop at the first fault
       --report=FILE        write the report as JSON, too
@@ -121,6 +125,7 @@ constexpr option OPTIONS[] = {
     {"on-bad-token", required_argument, nullptr, ON_BAD_TOKEN},
     {"whole-sentences", no_argument, nullptr, WHOLE_SENTENCES},
     {"survey", no_argument, nullptr, SURVEY},
+    {"jobs", required_argument, nullptr, 'j'},
     {"hidden", no_argument, nullptr, HIDDEN},
     {"strict", no_argument, nullptr, STRICT},
     {"report", required_argument, nullptr, REPORT},
@@ -134,6 +139,8 @@ constexpr option OPTIONS[] = {
 /// These are about annotation in attributes.
 constexpr int WITHOUT_LEXICON[] = {SKIP, CHOICE, BREAK, FORM, LEMMA, POS, UPOS, FEATS, PUNCTUATION_TAG};
 constexpr int WITH_SURVEY[] = {SURVEY, HIDDEN, SKIP, 'q'};
+
+constexpr std::size_t MAX_JOBS = 1024;
 
 template<typename Value>
 struct Choice {
@@ -175,6 +182,21 @@ std::string read_path(const std::string& path) {
     return path;
 }
 
+std::size_t read_jobs(const std::string& text) {
+    std::size_t jobs = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), jobs);
+    if (error != std::errc() || end != text.data() + text.size() || jobs < 1 || jobs > MAX_JOBS)
+        throw std::invalid_argument("a number from 1 to " + std::to_string(MAX_JOBS));
+    return jobs;
+}
+
+/// The cores that the process may use.
+std::size_t available_cores() {
+    cpu_set_t cores;
+    const bool is_known = sched_getaffinity(0, sizeof cores, &cores) == 0;
+    return is_known ? static_cast<std::size_t>(CPU_COUNT(&cores)) : std::max(1U, std::thread::hardware_concurrency());
+}
+
 int complain(const std::string& message) {
     std::cerr << "tei2crf: " << message << '\n';
     return 2;
@@ -200,6 +222,7 @@ void apply(int key, const std::string& value, Tei2crfOptions& options) {
     ConversionTask& task = options.task;
     ConversionOptions& conversion = task.options;
     const std::map<int, std::function<void()>> actions{
+        {'j', [&] { task.jobs = read_jobs(value); }},
         {'l', [&] { task.lexicon = read_path(value); }},
         {'o', [&] { task.output = read_path(value); }},
         {'v', [&] { conversion.verbose = true; }},
@@ -266,9 +289,10 @@ int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
 
 std::optional<Tei2crfOptions> read_tei2crf_options(int argc, char** argv, int& status) {
     Tei2crfOptions options;
+    options.task.jobs = available_cores();
     std::vector<int> keys;
     status = 0;
-    for (int key; status == 0 && (key = getopt_long(argc, argv, "l:o:vqhV", OPTIONS, nullptr)) != -1;) {
+    for (int key; status == 0 && (key = getopt_long(argc, argv, "l:o:j:vqhV", OPTIONS, nullptr)) != -1;) {
         if (key == 'h' || key == 'V') {
             status =
                 print(key == 'h' ? std::string(USAGE) + std::string(HELP) : "tei2crf (zelvor) " ZELVOR_VERSION "\n");

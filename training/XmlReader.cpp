@@ -239,8 +239,10 @@ XmlPlace XmlReader::Parser::place() const {
     return place;
 }
 
-XmlReader::XmlReader(XmlHandler& handler, Listener listener)
-    : m_parser(std::make_unique<Parser>(handler, std::move(listener))) {}
+XmlReader::XmlReader(XmlHandler& handler, Listener listener) {
+    [[maybe_unused]] static const bool is_initialized = (xmlInitParser(), true); // by one thread, before all parsing
+    m_parser = std::make_unique<Parser>(handler, std::move(listener));
+}
 
 XmlReader::~XmlReader() = default;
 
