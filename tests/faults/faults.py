@@ -310,7 +310,7 @@ def tei2crf_changes():
     whole, half = (0, "", 400000), 4 + len(SENTENCE) * 200000
 
     def while_read(change):
-        child = tei2crf("a.xml", "later.xml")
+        child = tei2crf("-j1", "a.xml", "later.xml")
         first = child.stdout.read(1).decode()  # it cannot be much farther, since nobody reads the rest
         change()
         status, out, err = ended(child)
