@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::string_view XML_PREFIX = "xml:";
 
-bool is_blank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+/// XML has no control characters below the blank but white space.
+bool is_blank(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 /// Where, from a place on, the first character is that is a blank, or that is none; the end where there is none.
 std::size_t find_blank(std::string_view text, std::size_t i, bool wants_blank) {
@@ -34,11 +35,13 @@ std::string_view target_of(std::string_view pointer) {
 }
 
 std::string targets_of(std::string_view pointers) {
-    std::string targets, collapsed;
-    collapse_blanks(pointers, collapsed);
-    for (std::string_view rest = collapsed; !rest.empty();)
-        if (const std::string_view target = target_of(next_part(rest, ' ')); !target.empty())
+    std::string targets;
+    for (std::size_t begin = find_blank(pointers, 0, false); begin < pointers.size();) {
+        const std::size_t end = find_blank(pointers, begin, true);
+        if (const std::string_view target = target_of(pointers.substr(begin, end - begin)); !target.empty())
             targets.append(targets.empty() ? "" : "|").append(target);
+        begin = find_blank(pointers, end, false);
+    }
     return targets;
 }
 
@@ -64,19 +67,26 @@ bool has_empty_part(std::string_view pairs) {
     return pairs.starts_with('|') || pairs.ends_with('|') || pairs.find("||") != std::string_view::npos;
 }
 
-/// In place: value is the whole of an attribute.
+bool is_tag(std::string_view pair) {
+    const std::string_view key = trimmed_blanks(pair.substr(0, pair.find('=')));
+    return key == "UPosTag" || key == "XPosTag";
+}
+
+/// Without tags and empty parts, in place: value is the whole of an attribute.
 void keep_features(std::string& value) {
     if (value.find("PosTag") == std::string::npos && !has_empty_part(value))
         return;
-    std::string kept;
+    std::size_t kept = 0;
     for (std::string_view rest = value; !rest.empty();) {
         const std::string_view pair = next_part(rest, '|');
-        std::string_view key = pair;
-        key = trimmed_blanks(next_part(key, '='));
-        if (!pair.empty() && key != "UPosTag" && key != "XPosTag")
-            kept.append(kept.empty() ? "" : "|").append(pair);
+        if (pair.empty() || is_tag(pair))
+            continue;
+        if (kept > 0)
+            value[kept++] = '|';
+        std::ranges::copy(trimmed_blanks(pair), value.begin() + static_cast<std::ptrdiff_t>(kept));
+        kept += trimmed_blanks(pair).size();
     }
-    collapse_blanks(kept, value);
+    value.resize(kept);
 }
 
 } // namespace
