@@ -1,6 +1,9 @@
 #include "tools/tei2crf.h"
 
+#include "training/SurveyAdvice.h"
 #include "training/shown_text.h"
+#include "training/survey_documents.h"
+#include "training/survey_text.h"
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
@@ -46,21 +49,24 @@ private:
     Clock::time_point m_next = Clock::now() + std::chrono::milliseconds(500);
 };
 
-} // namespace
+bool wants_progress(const Tei2crfOptions& options) {
+    return options.quiet == 0 && isatty(STDERR_FILENO) &&
+           !(OutputFile::descriptor_of(options.task.output) >= 0 && isatty(STDOUT_FILENO));
+}
 
-int run_tei2crf(const Tei2crfOptions& options) {
-    const std::string& output = options.task.output;
-    Console console(options.quiet == 0 && isatty(STDERR_FILENO) &&
-                    !(OutputFile::descriptor_of(output) >= 0 && isatty(STDOUT_FILENO)));
-    const ConversionObserver observer{[&](const std::string& message) { console.say("tei2crf: " + message); },
-                                      [&](const std::string& message) { console.say(message); },
-                                      [&](std::size_t ended, std::size_t all, std::uint64_t tokens) {
-                                          console.show_progress([&] {
-                                              return "tei2crf: file " + std::to_string(std::min(ended + 1, all)) +
-                                                     " of " + std::to_string(all) + ", " + std::to_string(tokens) +
-                                                     " tokens";
-                                          });
-                                      }};
+void show_progress(Console& console, std::size_t ended, std::size_t all, std::uint64_t tokens) {
+    console.show_progress([&] {
+        return "tei2crf: file " + std::to_string(std::min(ended + 1, all)) + " of " + std::to_string(all) + ", " +
+               std::to_string(tokens) + " tokens";
+    });
+}
+
+int convert(const Tei2crfOptions& options) {
+    Console console(wants_progress(options));
+    const ConversionObserver observer{
+        [&](const std::string& message) { console.say("tei2crf: " + message); },
+        [&](const std::string& message) { console.say(message); },
+        [&](std::size_t ended, std::size_t all, std::uint64_t tokens) { show_progress(console, ended, all, tokens); }};
     try {
         const ConversionResult result = run_conversion(options.task, observer);
         console.clear();
@@ -72,5 +78,27 @@ int run_tei2crf(const Tei2crfOptions& options) {
         return 2;
     }
 }
+
+int survey(const Tei2crfOptions& options) {
+    Console console(wants_progress(options));
+    const SurveyTask task{options.task.inputs, options.task.hidden, options.task.options.skip};
+    const DocumentsSurvey found =
+        survey_documents(task, {[&](const std::string& message) { console.say("tei2crf: " + message); },
+                                [&](std::size_t ended, std::size_t all, std::uint64_t tokens) {
+                                    show_progress(console, ended, all, tokens);
+                                }});
+    console.clear();
+    if (found.documents == 0 && found.result.tokens == 0)
+        return 1; // told
+    const SurveyAdvice advice = advise(found.result);
+    OutputFile out("");
+    out.write(survey_text(found.result, advice, task));
+    out.commit();
+    return found.faults > 0 || !advice.obstacle.empty() ? 1 : 0;
+}
+
+} // namespace
+
+int run_tei2crf(const Tei2crfOptions& options) { return options.survey ? survey(options) : convert(options); }
 
 } // namespace zelvor

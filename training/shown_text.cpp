@@ -5,6 +5,22 @@
 
 namespace zelvor {
 
+namespace {
+
+/// To a shell.
+constexpr std::string_view HARMLESS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
+
+/// In octal: three digits end by themselves.
+std::string octal(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    std::string escape = "\\";
+    for (const int shift : {6, 3, 0})
+        escape += static_cast<char>('0' + ((byte >> shift) & 7));
+    return escape;
+}
+
+} // namespace
+
 std::string shown(std::string_view text, std::size_t max_bytes) {
     std::string line;
     for (std::size_t i = 0; i < text.size();) {
@@ -17,6 +33,26 @@ std::string shown(std::string_view text, std::size_t max_bytes) {
         i += character.length;
     }
     return line;
+}
+
+std::string shown_count(std::uint64_t count) {
+    std::string digits = std::to_string(count);
+    for (std::size_t i = digits.size(); i > 3;)
+        digits.insert(i -= 3, ",");
+    return digits;
+}
+
+std::string shell_word(std::string_view word) {
+    if (!word.empty() && word.find_first_not_of(HARMLESS) == std::string_view::npos)
+        return std::string(word);
+    const bool is_plain = shown_path(word) == word;
+    std::string quoted = is_plain ? "'" : "$'";
+    for (const char c : word)
+        if (is_plain)
+            quoted += c == '\'' ? "'\\''" : std::string(1, c);
+        else
+            quoted += HARMLESS.find(c) != std::string_view::npos ? std::string(1, c) : octal(c);
+    return quoted + "'";
 }
 
 } // namespace zelvor

@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,5 +13,12 @@ namespace zelvor {
 std::string shown(std::string_view text, std::size_t max_bytes = 200);
 
 inline std::string shown_path(std::string_view path) { return shown(path, PATH_MAX); }
+
+/// In decimal, a comma behind each thousand: "622,682".
+std::string shown_count(std::uint64_t count);
+
+/// A word of a command line, quoted where a shell would not take it as it is. What would control a terminal, or is no
+/// UTF-8, is written as $'\NNN', which newer shells know.
+std::string shell_word(std::string_view word);
 
 } // namespace zelvor

@@ -14,3 +14,6 @@ word() { printf "<w lemma=\"x{'ls':[{'name':'%s','wfs':[{'id':%s}]}]}x\">%s</w>"
 
 # a OPTION... DOCUMENT: what comes out without a lexicon, in one line.
 a() { echo "<t>${*: -1}</t>" | tei2crf -qq --columns=form,pos "${@:1:$#-1}" - 2>&1 | paste -sd'|'; }
+
+# The command that a survey of standard input has to try.
+s() { tei2crf --survey "$@" - | tail -1; }

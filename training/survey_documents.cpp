@@ -1,0 +1,37 @@
+#include "training/survey_documents.h"
+
+#include "training/Survey.h"
+#include "training/shown_text.h"
+#include "training/tei_inputs.h"
+
+namespace zelvor {
+
+DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& observer) {
+    DocumentsSurvey found;
+    std::string document;
+    const auto complain = [&](const std::string& place, const std::string& message) {
+        ++found.faults;
+        observer.complain(shown_path(place) + ": " + shown(message));
+    };
+    Survey survey(task.skip);
+    XmlReader reader(survey, {[&](const XmlPlace& place, const std::string& message) {
+                                  complain(to_string(place, document), message);
+                              },
+                              [&](const std::string& message) { complain(document, message); }});
+    const TeiInputs inputs = find_documents(task.inputs, task.hidden, complain);
+    if (inputs.documents.empty())
+        observer.complain("no file whose name ends in .tei or .xml");
+    for (std::size_t i = 0; i < inputs.documents.size(); ++i) {
+        const std::string& path = inputs.documents[i];
+        document = path == "-" ? "standard input" : path;
+        const std::size_t faults = found.faults;
+        survey.begin_document();
+        reader.read(path);
+        found.documents += found.faults == faults;
+        observer.progress(i + 1, inputs.documents.size(), survey.tokens());
+    }
+    found.result = survey.result();
+    return found;
+}
+
+} // namespace zelvor

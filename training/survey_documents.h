@@ -1,0 +1,38 @@
+#pragma once
+
+#include "training/ConversionOptions.h"
+#include "training/SurveyResult.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zelvor {
+
+/// What is to be surveyed.
+struct SurveyTask {
+    std::vector<std::string> inputs;                          ///< as of a conversion
+    bool hidden = false;                                      ///< hidden files and folders below a folder, too
+    ConversionOptions::Names skip = ConversionOptions().skip; ///< elements that are passed over
+};
+
+/// Who is told how a survey goes; none of the functions may be empty.
+struct SurveyObserver {
+    /// What is wrong, in one line. Must not throw.
+    std::function<void(const std::string& message)> complain;
+    /// Documents that have ended, all documents, and tokens; after each document. Must not throw.
+    std::function<void(std::size_t ended, std::size_t all, std::uint64_t tokens)> progress;
+};
+
+struct DocumentsSurvey {
+    SurveyResult result;
+    std::size_t documents = 0; ///< without a fault
+    std::size_t faults = 0;    ///< of inputs, each told
+};
+
+/// Reads the documents; of one with a fault, what stands before it. Throws std::bad_alloc.
+DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& observer);
+
+} // namespace zelvor
