@@ -80,6 +80,7 @@ void AttributeAnnotation::add_token(const TeiToken& token) {
         annotated.feats = m_feats;
         annotated.others = m_others;
     }
+    m_sentences.see(token.is_punctuation);
     m_sentences.add(annotated, annotated.form);
 }
 

@@ -5,6 +5,7 @@
 #include "training/DocumentTurns.h"
 #include "training/TagLexicon.h"
 #include "training/TagMap.h"
+#include "training/no_token.h"
 #include "training/shown_text.h"
 #include "training/tei_inputs.h"
 #include "utils/common_utils/output_file.h"
@@ -27,14 +28,15 @@ constexpr std::size_t MAX_KEPT_BYTES = std::size_t{8} * 1024 * 1024;
 
 class Conversion : public DocumentOutlet {
 public:
-    Conversion(const ConversionTask& task, const ConversionObserver& observer) : m_task(task), m_observer(observer) {}
+    Conversion(const ConversionTask& task, const ConversionObserver& observer)
+        : m_task(task), m_observer(observer), m_survey(task.options.skip) {}
 
     ConversionResult run();
 
     void write(std::string_view text, std::uint64_t tokens) override;
     void fault(const std::string& message) override;
     void left_out(const std::string& message) override { m_observer.leave_out(message); }
-    void add(const ConversionReport& report) override;
+    void add(const ConversionReport& report, const Survey* survey) override;
 
 private:
     void convert();
@@ -52,6 +54,7 @@ private:
     const ConversionTask& m_task;
     const ConversionObserver& m_observer;
     ConversionReport m_report;
+    Survey m_survey; ///< of the first documents, as long as no token is written
     TagLexicon m_lexicon;
     TagMap m_map;
     std::unique_ptr<OutputFile> m_output, m_report_file;
@@ -180,7 +183,7 @@ void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter
             } catch (...) {
                 thrown = std::current_exception();
             }
-            document.end(converter.report(), thrown);
+            document.end(converter.report(), converter.take_survey(), thrown);
         }
     } catch (...) {
         turns.stop(std::current_exception());
@@ -190,10 +193,11 @@ void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter
 void Conversion::check_that_something_came() {
     for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
         m_has_fault = m_has_fault || m_report[malformed] > 0;
-    if (m_report[ConversionReport::FILES_READ] == 0 && m_report[ConversionReport::SENTENCES] == 0)
+    if (m_report[ConversionReport::FILES_READ] == 0 && m_report[ConversionReport::SENTENCES] == 0 &&
+        m_report.words + m_report.marks == 0)
         throw ConversionStopped("nothing could be read");
     if (m_report[ConversionReport::TOKENS_WRITTEN] == 0)
-        throw std::invalid_argument("no token");
+        throw std::invalid_argument(why_no_token(m_task.options, m_report, m_survey));
 }
 
 void Conversion::write(std::string_view text, std::uint64_t tokens) {
@@ -204,8 +208,10 @@ void Conversion::write(std::string_view text, std::uint64_t tokens) {
     m_observer.progress(m_ended, m_documents.size(), m_tokens);
 }
 
-void Conversion::add(const ConversionReport& report) {
+void Conversion::add(const ConversionReport& report, const Survey* survey) {
     m_report += report;
+    if (survey && m_tokens == 0 && m_survey.tokens() < Survey::TOKENS_OF_HINT)
+        m_survey.add(*survey);
     m_observer.progress(++m_ended, m_documents.size(), m_tokens);
 }
 

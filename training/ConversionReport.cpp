@@ -50,6 +50,10 @@ constexpr std::string_view LEFT_OUT = "left_out";
 
 ConversionReport& ConversionReport::operator+=(const ConversionReport& other) {
     std::ranges::transform(counts, other.counts, counts.begin(), std::plus<>());
+    words += other.words;
+    marks += other.marks;
+    in_sentence += other.in_sentence;
+    sentence_elements += other.sentence_elements;
     return *this;
 }
 

@@ -53,6 +53,11 @@ struct ConversionReport {
 
     std::array<std::uint64_t, COUNTS> counts{};
 
+    /// What was seen, whatever became of it; not reported.
+    std::uint64_t words = 0, marks = 0; ///< tokens
+    std::uint64_t in_sentence = 0;      ///< of these
+    std::uint64_t sentence_elements = 0;
+
 private:
     std::string section_text(std::string_view section) const;
 };

@@ -5,6 +5,7 @@
 #include "training/ColumnLines.h"
 #include "training/LexiconAnnotation.h"
 #include "training/LexiconTokens.h"
+#include "training/Survey.h"
 #include "training/XmlReader.h"
 
 #include <exception>
@@ -30,6 +31,49 @@ struct FromLexicon {
     LexiconTokens tokens;
 };
 
+/// Surveys the beginning of a document on its way to what converts it, up to its first token that is written.
+class Surveyor : public XmlHandler {
+public:
+    Surveyor(const ConversionReport& report, XmlHandler& next) : m_report(report), m_next(next) {}
+
+    void begin_document(const ConversionOptions& options, XmlReader& reader) {
+        m_reader = &reader;
+        survey = std::make_unique<Survey>(options.has_lexicon ? ConversionOptions::Names() : options.skip);
+        reader.set_handler(*this);
+    }
+
+    void begin_element(std::string_view name, const XmlAttributes& attributes) override {
+        if (has_written())
+            survey.reset();
+        if (!survey || survey->tokens() >= Survey::TOKENS_OF_HINT)
+            m_reader->set_handler(m_next);
+        else
+            survey->begin_element(name, attributes);
+        m_next.begin_element(name, attributes);
+    }
+    void end_element(std::string_view name) override {
+        survey->end_element(name);
+        m_next.end_element(name);
+    }
+    void text(std::string_view text) override {
+        survey->text(text);
+        m_next.text(text);
+    }
+    void cdata(std::string_view text) override {
+        survey->cdata(text);
+        m_next.cdata(text);
+    }
+
+    std::unique_ptr<Survey> survey;
+
+private:
+    bool has_written() const { return m_report[ConversionReport::TOKENS_WRITTEN] > 0; }
+
+    const ConversionReport& m_report;
+    XmlHandler& m_next;
+    XmlReader* m_reader = nullptr;
+};
+
 } // namespace
 
 struct DocumentConverter::Stages {
@@ -40,6 +84,7 @@ struct DocumentConverter::Stages {
         else
             from_attributes = std::make_unique<FromAttributes>(options, tables.map, sentences);
         XmlHandler& tokens = tables.lexicon ? static_cast<XmlHandler&>(from_lexicon->tokens) : from_attributes->tokens;
+        surveyor = std::make_unique<Surveyor>(report, tokens);
         reader = std::make_unique<XmlReader>(
             tokens,
             XmlReader::Listener{[this](const XmlPlace& place, const std::string& message) { fault(place, message); },
@@ -59,6 +104,7 @@ struct DocumentConverter::Stages {
     Sentences sentences;
     std::unique_ptr<FromLexicon> from_lexicon; ///< either of the two
     std::unique_ptr<FromAttributes> from_attributes;
+    std::unique_ptr<Surveyor> surveyor;
     std::unique_ptr<XmlReader> reader;
     std::string document;
     std::size_t faults = 0; ///< of the document
@@ -70,6 +116,7 @@ void DocumentConverter::Stages::begin_document(const std::string& name, Conversi
     faults = 0;
     report = {};
     sentences.begin_document(name, to);
+    surveyor->begin_document(options, *reader);
     if (from_lexicon)
         from_lexicon->tokens.begin_document();
     else
@@ -89,6 +136,11 @@ DocumentConverter::DocumentConverter(const ConversionOptions& options, const Tab
 DocumentConverter::~DocumentConverter() = default;
 
 const ConversionReport& DocumentConverter::report() const { return m_stages->report; }
+
+std::unique_ptr<Survey> DocumentConverter::take_survey() {
+    const bool has_written = m_stages->report[ConversionReport::TOKENS_WRITTEN] > 0;
+    return has_written ? nullptr : std::move(m_stages->surveyor->survey);
+}
 
 void DocumentConverter::convert(const std::string& path, ConversionSink& sink) {
     Stages& stages = *m_stages;

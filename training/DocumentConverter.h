@@ -9,6 +9,7 @@
 
 namespace zelvor {
 
+class Survey;
 class TagLexicon;
 class TagMap;
 
@@ -35,6 +36,10 @@ public:
 
     /// Of the last document, or as far as it is.
     const ConversionReport& report() const;
+
+    /// What is in the last document, or in the first Survey::TOKENS_OF_HINT tokens of it; null where it has written a
+    /// token.
+    std::unique_ptr<Survey> take_survey();
 
 private:
     struct Stages;

@@ -42,7 +42,7 @@ void DocumentTurns::finish(std::size_t number, Document::Kept&& ended) {
         } catch (...) {
             kept.thrown = std::current_exception();
         }
-        m_outlet.add(kept.report);
+        m_outlet.add(kept.report, kept.survey.get());
         if (kept.thrown) {
             m_thrown = kept.thrown;
             m_is_stopped = true;
@@ -112,11 +112,14 @@ void DocumentTurns::Document::left_out(ConversionReport::Count reason, const std
     keep(m_kept.messages.back().second.size() + sizeof m_kept.messages.back());
 }
 
-void DocumentTurns::Document::end(const ConversionReport& report, std::exception_ptr thrown) {
+void DocumentTurns::Document::end(const ConversionReport& report, std::unique_ptr<Survey> survey,
+                                  std::exception_ptr thrown) {
     m_kept.report = report;
+    m_kept.survey = std::move(survey);
     m_kept.thrown = std::move(thrown);
-    m_kept.bytes += sizeof m_kept;
-    m_turns.m_kept_bytes += sizeof m_kept;
+    const std::size_t bytes = sizeof m_kept + (m_kept.survey ? m_kept.survey->bytes() : 0);
+    m_kept.bytes += bytes;
+    m_turns.m_kept_bytes += bytes;
     m_turns.finish(m_number, std::move(m_kept));
 }
 

@@ -2,12 +2,14 @@
 
 #include "training/ConversionReport.h"
 #include "training/Sentences.h"
+#include "training/Survey.h"
 
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -23,7 +25,8 @@ public:
     virtual void write(std::string_view text, std::uint64_t tokens) = 0;
     virtual void fault(const std::string& message) = 0;
     virtual void left_out(const std::string& message) = 0;
-    virtual void add(const ConversionReport& report) = 0; ///< of a document that has ended
+    /// Of a document that has ended. The survey may be null.
+    virtual void add(const ConversionReport& report, const Survey* survey) = 0;
 };
 
 /// Lets several threads convert documents as if one did it, in their order: a document that is the next in turn writes
@@ -49,7 +52,7 @@ public:
         bool is_cancelled() const override { return m_turns.m_is_stopped; }
 
         /// The document has ended, by itself or by what it threw, which stops all others behind it.
-        void end(const ConversionReport& report, std::exception_ptr thrown);
+        void end(const ConversionReport& report, std::unique_ptr<Survey> survey, std::exception_ptr thrown);
 
     private:
         friend class DocumentTurns;
@@ -66,6 +69,7 @@ public:
             std::uint64_t tokens = 0;
             std::vector<std::pair<bool, std::string>> messages; ///< of tokens left out, or of faults
             ConversionReport report;
+            std::unique_ptr<Survey> survey;
             std::exception_ptr thrown;
             std::size_t bytes = 0;
         } m_kept;

@@ -50,12 +50,14 @@ void LexiconTokens::end_word() {
         unwrap_analysis(m_analysis); // kept: a word within this one has left its own, unwrapped
     m_is_read = true;
     const Token& token = m_annotation.annotate_word(m_text, m_analysis, m_attributes);
+    m_sentences.see(false);
     m_sentences.add(token, m_text);
     if (token.flaw != ConversionReport::NOT_JSON) // kept: text is gathered on then, up to the next token
         end_token();
 }
 
 void LexiconTokens::end_punctuation() {
+    m_sentences.see(true);
     m_sentences.add(m_annotation.annotate_punctuation(m_text, m_attributes), m_text);
     end_token();
 }

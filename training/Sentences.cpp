@@ -23,6 +23,7 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
 void Sentences::end_document() { finish(m_ends); }
 
 void Sentences::begin_sentence() {
+    ++m_report.sentence_elements;
     finish(m_rule == SentenceRule::RUN ? 1 : m_ends);
     ++m_depth;
     m_has_begun = true;

@@ -61,6 +61,11 @@ public:
     void end_document();
     void begin_sentence();
     void end_sentence();
+    /// Counts a token that is to be added.
+    void see(bool is_punctuation) {
+        ++(is_punctuation ? m_report.marks : m_report.words);
+        m_report.in_sentence += is_in_sentence();
+    }
     /// `text` is the token as it is told. Throws ConversionStopped at one at which the options want to stop.
     void add(const Token& token, std::string_view text);
     /// Ends the run, as its sentence does; a next one begins.

@@ -94,11 +94,12 @@ std::string to_string(const XmlPlace& place, const std::string& document) {
 /// Takes elements and text from the XML library directly, which hands them over as lists of copies otherwise.
 class XmlReader::Parser : public xmlpp::SaxParser {
 public:
-    Parser(XmlHandler& handler, Listener listener) : m_handler(handler), m_listener(std::move(listener)) {
+    Parser(XmlHandler& handler, Listener listener) : m_handler(&handler), m_listener(std::move(listener)) {
         set_substitute_entities(true);
     }
 
     void read(const std::string& path);
+    void set_handler(XmlHandler& handler) { m_handler = &handler; }
     void stop(std::exception_ptr reason);
     XmlPlace place() const;
 
@@ -120,7 +121,7 @@ private:
         parser.m_current = current;
         try {
             if (!parser.m_thrown)
-                use(parser.m_handler);
+                use(*parser.m_handler);
         } catch (...) {
             parser.m_thrown = std::current_exception();
         }
@@ -150,7 +151,7 @@ private:
 
     std::string parse(const std::string& path);
 
-    XmlHandler& m_handler;
+    XmlHandler* m_handler;
     Listener m_listener;
     bool m_has_error = false; ///< of this document's XML, told
     bool m_has_fatal_error = false;
@@ -247,6 +248,8 @@ XmlReader::XmlReader(XmlHandler& handler, Listener listener) {
 XmlReader::~XmlReader() = default;
 
 void XmlReader::read(const std::string& path) { m_parser->read(path); }
+
+void XmlReader::set_handler(XmlHandler& handler) { m_parser->set_handler(handler); }
 
 void XmlReader::stop(std::exception_ptr reason) { m_parser->stop(std::move(reason)); }
 

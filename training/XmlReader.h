@@ -76,6 +76,9 @@ public:
     /// std::bad_alloc leave it, at the end.
     void read(const std::string& path);
 
+    /// What follows goes to this one instead, which must live as long.
+    void set_handler(XmlHandler& handler);
+
     /// Ends the document; read() then throws this, unless something else was thrown before.
     void stop(std::exception_ptr reason);
 
