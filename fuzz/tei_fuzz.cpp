@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         lexicon.load(MemoryFile("0#a#a#0#a#a#NN#1#-#-#-#-#-#-#-#-#-#Noun#-#-#-#-\n"
                                 "0#a#a#0#a#a#V#2#-#-#-#-#-#-#-#-#-#Verb#-#-#-#-\n")
                          .path(),
-                     [](std::size_t, std::size_t) {});
+                     false, [](std::size_t, std::size_t) {});
         return lexicon;
     }();
     const auto [first, second] = halves(data, size);

@@ -54,7 +54,8 @@ ATTRIBUTE:KEY in one that holds KEY=VALUE|KEY=VALUE:
       --nfc                Unicode's normal form C
 
 Lines:
-      --columns=LIST       form, lemma, pos, upos, feats and @SOURCE, separated by commas; default: form,pos
+      --columns=LIST       form, lemma, pos, upos, feats and @SOURCE, separated by commas; with -l also case, degree,
+                           gender, mood, number, person, tense, voice, pronoun_type, verb_type; default: form,pos
       --separator=NAME     blank or tab, between the columns; default: blank
       --header             a first line with the names of the columns
       --on-bad-token=WHAT  a token that would break its line (white space, control characters, overlong):
@@ -280,6 +281,10 @@ int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
     if (const std::string name = first_of([&](int key) { return !is_in(WITH_SURVEY, key); });
         options.survey && !name.empty())
         return complain("--" + name + " does not go with --survey: it writes nothing but what is in the files");
+    const std::vector<Column>& columns = options.task.options.columns;
+    if (const auto column = std::ranges::find_if(columns, &Column::is_category);
+        options.task.lexicon.empty() && column != columns.end())
+        return complain("column '" + column->name + "' goes with -l only: a lexicon has it");
     if (options.task.inputs.empty())
         return complain("no input: name a file, a folder, or - for standard input");
     return 0;

@@ -1,5 +1,7 @@
 #include "training/ColumnLines.h"
 
+#include "training/TagLexicon.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -80,9 +82,13 @@ std::string_view ColumnLines::value_of(const Column& column, const Token& token)
     case Column::Kind::FEATS:
         return token.feats;
     case Column::Kind::OTHER:
+        return token.others[column.other];
+    default:
         break;
     }
-    return token.others[column.other];
+    if (!token.analysis)
+        return {};
+    return *token.analysis->categories[static_cast<std::size_t>(column.category())];
 }
 
 /// Appends what stands for a value that cannot be written as it is, if there is something.

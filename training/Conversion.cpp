@@ -136,16 +136,17 @@ void Conversion::load_tables() {
 
 void Conversion::load_lexicon() {
     bool is_first = true;
-    const TagLexicon::Counts counts = m_lexicon.load(m_task.lexicon, [&](std::size_t number, std::size_t fields) {
-        m_has_fault = true;
-        const std::string message = m_task.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
-                                    " fields, at least 22 are needed";
-        if (m_task.options.strict)
-            throw ConversionStopped(message);
-        if (is_first || m_task.options.verbose)
-            complain(shown_path(message));
-        is_first = false;
-    });
+    const TagLexicon::Counts counts =
+        m_lexicon.load(m_task.lexicon, m_task.options.nfc, [&](std::size_t number, std::size_t fields) {
+            m_has_fault = true;
+            const std::string message = m_task.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
+                                        " fields, at least 22 are needed";
+            if (m_task.options.strict)
+                throw ConversionStopped(message);
+            if (is_first || m_task.options.verbose)
+                complain(shown_path(message));
+            is_first = false;
+        });
     if (counts.has_mark)
         complain(shown_path(m_task.lexicon) + ": begins with a byte order mark, which is passed over");
     m_report[ConversionReport::LEXICON_LINES] = counts.lines;

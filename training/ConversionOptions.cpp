@@ -8,7 +8,11 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::string_view NAMES[] = {"form", "lemma", "pos", "upos", "feats"}; // by kind
+/// By kind.
+constexpr std::string_view NAMES[] = {"form",   "lemma",        "pos",    "upos",      "feats",
+                                      "case",   "degree",       "gender", "mood",      "number",
+                                      "person", "pronoun_type", "tense",  "verb_type", "voice"};
+static_assert(std::size(NAMES) == static_cast<std::size_t>(Column::Kind::OTHER));
 
 } // namespace
 
@@ -23,8 +27,11 @@ Column::Column(std::string_view text) : name(text) {
     }
     const auto* const found = std::ranges::find(NAMES, text);
     if (found == std::end(NAMES))
-        throw std::invalid_argument("'" + name +
-                                    "' is no column; columns are form, lemma, pos, upos, feats and @ATTRIBUTE");
+        throw std::invalid_argument(
+            "'" + name +
+            "' is no column; columns are form, lemma, pos, upos, feats, @ATTRIBUTE, and with -l "
+            "case, degree, gender, mood, number, person, tense, voice, pronoun_type and "
+            "verb_type");
     kind = static_cast<Kind>(found - std::begin(NAMES));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "training/ValueSource.h"
+#include "training/universal_features.h"
 
 #include <string>
 #include <string_view>
@@ -10,10 +11,24 @@ namespace zelvor {
 
 /// A column of training lines.
 struct Column {
-    enum class Kind { FORM, LEMMA, POS, UPOS, FEATS, OTHER };
+    enum class Kind {
+        FORM,
+        LEMMA,
+        POS,
+        UPOS,
+        FEATS,
+        FIRST_CATEGORY, ///< of a lexicon; the others follow
+        OTHER = FIRST_CATEGORY + NUM_CATEGORIES,
+    };
 
-    /// "form", "lemma", "pos", "upos", "feats", or "@" and a source. Throws std::invalid_argument, which says why.
+    /// "form", "lemma", "pos", "upos", "feats", "case" and such, or "@" and a source. Throws std::invalid_argument,
+    /// which says why.
     explicit Column(std::string_view text);
+
+    bool is_category() const { return kind >= Kind::FIRST_CATEGORY && kind < Kind::OTHER; }
+    Category category() const {
+        return static_cast<Category>(static_cast<int>(kind) - static_cast<int>(Kind::FIRST_CATEGORY));
+    }
 
     Kind kind = Kind::FORM;
     std::string name;                ///< without "@"

@@ -49,6 +49,7 @@ const Token& LexiconAnnotation::annotate_punctuation(std::string_view text, cons
         m_token.flaw = ConversionReport::NO_TAG;
     } else {
         m_token.pos = tag;
+        m_token.upos = universal_tag(tag);
         m_token.lemma = text;
     }
     return complete(attributes);
@@ -64,10 +65,12 @@ Token& LexiconAnnotation::begin(std::string_view text) {
 void LexiconAnnotation::read_analysis(std::string_view text, const std::string& json) {
     const Analysis& analysis = m_analysis_reader.read(m_json_reader, json);
     const bool has_id = analysis.outcome == Analysis::Outcome::FOUND;
-    const std::string* const tag = has_id ? m_lexicon.find(analysis.id) : nullptr;
-    if (tag) {
+    m_token.analysis = has_id ? m_lexicon.find(analysis.id) : nullptr;
+    if (m_token.analysis) {
         m_token.lemma = analysis.lemma;
-        m_token.pos = *tag;
+        m_token.pos = *m_token.analysis->pos;
+        m_token.upos = *m_token.analysis->upos;
+        m_token.feats = *m_token.analysis->feats;
         set_form(text, analysis.lemma);
         return;
     }

@@ -1,5 +1,6 @@
 #include "training/TagLexicon.h"
 
+#include "training/normal_form.h"
 #include "training/tags.h"
 #include "utils/common_utils/text.h"
 
@@ -8,10 +9,12 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <unordered_map>
+#include <utility>
 
 namespace zelvor {
 
@@ -19,6 +22,8 @@ namespace {
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::size_t LEMMA_POS = 6, WORD_FORM_ID = 7, POS = 17, REQUIRED = 22;
+constexpr std::size_t CATEGORIES[] = {9, 10, 13, 14, 15, 16, 18, 19, 20, 21}; // by Category
+constexpr std::size_t MAX_REMEMBERED = 65536;
 
 /// The first fields of a line, untrimmed; those that are missing stay empty.
 struct Fields {
@@ -34,25 +39,79 @@ struct Fields {
 
     std::string operator[](std::size_t i) const { return std::string(trimmed(text[i])); }
 
+    /// All that an analysis is made of, and what stands between.
+    std::string_view analysis() const {
+        const char* const begin = text[CATEGORIES[0]].data();
+        const std::string_view last = text[count - 1];
+        return begin ? std::string_view(begin, static_cast<std::size_t>(last.data() + last.size() - begin)) : "";
+    }
+
     std::array<std::string_view, REQUIRED> text;
     std::size_t count = 0;
 };
 
-/// Each distinct tag once.
-class TagPool {
+/// Persons by one name each, as docs/formats.md has it.
+std::string person(std::string value) {
+    constexpr std::string_view NAMES[][2] = {
+        {"FIRST_PERSON", "PERSON_1"}, {"SECOND_PERSON", "PERSON_2"}, {"THIRD_PERSON", "PERSON_3"}};
+    for (const auto& [name, other] : NAMES)
+        if (value == name)
+            return std::string(other);
+    return value;
+}
+
+/// Each distinct analysis once.
+class AnalysisPool {
 public:
-    std::uint32_t index(const std::string& tag) {
-        const auto [place, is_new] = m_indices.emplace(tag, static_cast<std::uint32_t>(tags.size()));
-        if (is_new)
-            tags.push_back(tag);
-        return place->second;
+    explicit AnalysisPool(bool nfc) : m_nfc(nfc) {}
+
+    std::uint32_t index(const Fields& fields) {
+        (m_key = fields.text[LEMMA_POS]) += '#';
+        m_key += fields.analysis();
+        if (const auto known = m_remembered.find(m_key); known != m_remembered.end())
+            return known->second;
+        if (m_remembered.size() == MAX_REMEMBERED)
+            m_remembered.clear();
+        return m_remembered.emplace(m_key, add(fields)).first->second;
     }
 
-    std::deque<std::string> tags;
+    std::vector<LexiconAnalysis> analyses;
+    std::set<std::string, std::less<>> strings;
 
 private:
-    std::unordered_map<std::string, std::uint32_t> m_indices;
+    using Key = std::array<const std::string*, NUM_CATEGORIES + 1>;
+
+    std::uint32_t add(const Fields& fields);
+
+    const std::string* shared(std::string text) {
+        if (m_nfc)
+            to_normal_form(text);
+        return &*strings.insert(std::move(text)).first;
+    }
+
+    bool m_nfc;
+    std::map<Key, std::uint32_t> m_indices;                      ///< by tag and categories
+    std::unordered_map<std::string, std::uint32_t> m_remembered; ///< by text of lines
+    std::string m_key;
 };
+
+std::uint32_t AnalysisPool::add(const Fields& fields) {
+    std::array<std::string, NUM_CATEGORIES> categories;
+    std::ranges::transform(CATEGORIES, categories.begin(), [&](std::size_t i) { return fields[i]; });
+    std::string& of_person = categories[static_cast<std::size_t>(Category::PERSON)];
+    of_person = person(of_person);
+    Key key;
+    std::ranges::transform(categories, key.begin(), [&](const std::string& value) { return shared(value); });
+    const std::string* const tag = key.back() = shared(word_tag(fields[POS], fields[LEMMA_POS]));
+    const auto [place, is_new] = m_indices.emplace(key, static_cast<std::uint32_t>(analyses.size()));
+    if (is_new) {
+        LexiconAnalysis analysis{
+            tag, shared(std::string(universal_tag(*tag))), shared(universal_features(categories)), {}};
+        std::copy_n(key.begin(), NUM_CATEGORIES, analysis.categories.begin());
+        analyses.push_back(analysis);
+    }
+    return place->second;
+}
 
 /// Why a file that begins like this is no lexicon, or nothing.
 const char* why_no_lexicon(std::string_view begin) {
@@ -69,9 +128,9 @@ const char* why_no_lexicon(std::string_view begin) {
 
 } // namespace
 
-TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine& on_short_line) {
+TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const ShortLine& on_short_line) {
     Counts counts;
-    TagPool pool;
+    AnalysisPool pool(nfc);
     std::vector<Entry> entries;
     errno = 0;
     std::ifstream file(filename);
@@ -94,7 +153,7 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
             on_short_line(counts.lines, fields.count);
         }
         const int id = std::atoi(fields[WORD_FORM_ID].c_str());
-        entries.push_back({id, pool.index(word_tag(fields[POS], fields[LEMMA_POS]))});
+        entries.push_back({id, pool.index(fields)});
     }
     if (file.bad())
         throw_error(filename);
@@ -106,11 +165,12 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, const ShortLine
     counts.duplicates = static_cast<std::size_t>(entries.end() - rest);
     entries.erase(rest, entries.end());
     m_entries = std::move(entries);
-    m_tags = std::move(pool.tags);
+    m_analyses = std::move(pool.analyses);
+    m_strings = std::move(pool.strings); // in their places
     return counts;
 }
 
-const std::string* TagLexicon::find(int id) const {
+const LexiconAnalysis* TagLexicon::find(int id) const {
     if (m_entries.empty() || id < m_entries.front().id)
         return nullptr;
     // Where ids have no gaps, this is the place; it never lies before it.
@@ -118,7 +178,7 @@ const std::string* TagLexicon::find(int id) const {
                                                   m_entries.size() - 1);
     const auto guess = m_entries.begin() + static_cast<std::ptrdiff_t>(farthest);
     const auto found = guess->id <= id ? guess : std::ranges::lower_bound(m_entries.begin(), guess, id, {}, &Entry::id);
-    return found->id != id ? nullptr : &m_tags[found->tag];
+    return found->id != id ? nullptr : &m_analyses[found->analysis];
 }
 
 } // namespace zelvor

@@ -1,15 +1,24 @@
 #pragma once
 
+#include "training/universal_features.h"
+
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace zelvor {
 
-/// What conversion needs of a lexicon: the tag of each word-form id, in 8 bytes an entry beside the distinct tags.
+/// What a lexicon says of a word form; the strings are shared with other analyses.
+struct LexiconAnalysis {
+    const std::string *pos, *upos, *feats;
+    std::array<const std::string*, NUM_CATEGORIES> categories; ///< by Category, as docs/formats.md has their values
+};
+
+/// What conversion needs of a lexicon: the analysis of each word-form id, in 8 bytes an entry beside the distinct ones.
 class TagLexicon {
 public:
     struct Counts {
@@ -19,24 +28,30 @@ public:
         std::size_t duplicates = 0;  ///< of an id that an earlier line has
         bool has_mark = false;       ///< it begins with a byte order mark, which is passed over
     };
+    TagLexicon() = default;
+    TagLexicon(TagLexicon&&) = default; ///< not copied: analyses point to strings
+    TagLexicon& operator=(TagLexicon&&) = default;
+
     using ShortLine = std::function<void(std::size_t number, std::size_t fields)>;
 
-    /// Replaces the content by that of a file of lexicon lines (docs/formats.md); numbers begin at 1. Throws
-    /// std::system_error when the file cannot be read, std::invalid_argument, which says why, when it is UTF-16,
-    /// compressed or without any entry; the content is then as it was.
-    Counts load(const std::string& filename, const ShortLine& on_short_line);
+    /// Replaces the content by that of a file of lexicon lines (docs/formats.md); numbers begin at 1. With `nfc`, values
+    /// are brought into Unicode's normal form C. Throws std::system_error when the file cannot be read,
+    /// std::invalid_argument, which says why, when it is UTF-16, compressed or without any entry; the content is then as
+    /// it was.
+    Counts load(const std::string& filename, bool nfc, const ShortLine& on_short_line);
 
-    /// The tag of the first line with this word-form id, or null; valid as long as the content.
-    const std::string* find(int id) const;
+    /// The analysis in the first line with this word-form id, or null; valid as long as the content.
+    const LexiconAnalysis* find(int id) const;
 
 private:
     struct Entry {
         int id;
-        std::uint32_t tag;
+        std::uint32_t analysis;
     };
 
     std::vector<Entry> m_entries; ///< ascending ids
-    std::deque<std::string> m_tags;
+    std::vector<LexiconAnalysis> m_analyses;
+    std::set<std::string, std::less<>> m_strings; ///< of the analyses
 };
 
 } // namespace zelvor

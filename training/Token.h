@@ -10,12 +10,15 @@
 
 namespace zelvor {
 
+struct LexiconAnalysis;
+
 /// Of a longer text no more is kept: the token breaks its line anyway.
 constexpr std::size_t MAX_TOKEN_TEXT = std::size_t{1024} * 1024;
 
 /// A token with its annotation. The views live as long as the call that hands it over.
 struct Token {
     std::string_view form, lemma, pos, upos, feats;
+    const LexiconAnalysis* analysis = nullptr;   ///< of the lexicon, where it has one
     std::span<const std::string> others;         ///< of the other columns, in their order
     std::optional<ConversionReport::Count> flaw; ///< why it has no annotation
     std::string_view detail;                     ///< of the flaw, to be told
