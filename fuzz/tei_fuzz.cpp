@@ -15,7 +15,7 @@ public:
 
     std::string read(const std::string& path) {
         m_lines.clear();
-        m_converter.convert(path, *this);
+        m_converter.convert(path, 1, *this);
         require(static_cast<std::uint64_t>(std::ranges::count(m_lines, '\n')) ==
                     m_converter.report()[ConversionReport::TOKENS_WRITTEN] +
                         m_converter.report()[ConversionReport::SENTENCES],

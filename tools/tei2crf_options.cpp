@@ -54,6 +54,8 @@ ATTRIBUTE:KEY in one that holds KEY=VALUE|KEY=VALUE:
       --nfc                Unicode's normal form C
 
 Lines:
+      --format=NAME        columns, or conllu: CoNLL-U, where tokens without a tag stay, and columns, --nfc
+                           are as it wants them; default: columns
       --columns=LIST       form, lemma, pos, upos, feats and @SOURCE, separated by commas; with -l also case, degree,
                            gender, mood, number, person, tense, voice, pronoun_type, verb_type; default: form,pos
       --separator=NAME     blank or tab, between the columns; default: blank
@@ -101,6 +103,7 @@ enum LongOption {
     HEADER,
     WHOLE_SENTENCES,
     SURVEY,
+    FORMAT,
 };
 
 constexpr option OPTIONS[] = {
@@ -120,6 +123,7 @@ constexpr option OPTIONS[] = {
     {"punctuation-tag", required_argument, nullptr, PUNCTUATION_TAG},
     {"map", required_argument, nullptr, MAP},
     {"nfc", no_argument, nullptr, NFC},
+    {"format", required_argument, nullptr, FORMAT},
     {"columns", required_argument, nullptr, COLUMNS},
     {"separator", required_argument, nullptr, SEPARATOR},
     {"header", no_argument, nullptr, HEADER},
@@ -139,6 +143,7 @@ constexpr option OPTIONS[] = {
 
 /// These are about annotation in attributes.
 constexpr int WITHOUT_LEXICON[] = {SKIP, CHOICE, BREAK, FORM, LEMMA, POS, UPOS, FEATS, PUNCTUATION_TAG};
+constexpr int WITH_COLUMNS[] = {COLUMNS, SEPARATOR, HEADER};
 constexpr int WITH_SURVEY[] = {SURVEY, HIDDEN, SKIP, 'q'};
 
 constexpr std::size_t MAX_JOBS = 1024;
@@ -150,6 +155,8 @@ struct Choice {
 };
 
 constexpr Choice<bool> CHOICES[] = {{"regular", false}, {"original", true}};
+constexpr Choice<ConversionOptions::Format> FORMATS[] = {{"columns", ConversionOptions::Format::COLUMNS},
+                                                         {"conllu", ConversionOptions::Format::CONLLU}};
 constexpr Choice<char> SEPARATORS[] = {{"blank", ' '}, {"tab", '\t'}};
 constexpr Choice<ConversionOptions::BadToken> BAD_TOKENS[] = {{"drop", ConversionOptions::BadToken::DROP},
                                                               {"replace", ConversionOptions::BadToken::REPLACE},
@@ -242,6 +249,7 @@ void apply(int key, const std::string& value, Tei2crfOptions& options) {
         {PUNCTUATION_TAG, [&] { conversion.punctuation_tag = value; }},
         {MAP, [&] { task.map = read_path(value); }},
         {NFC, [&] { conversion.nfc = true; }},
+        {FORMAT, [&] { conversion.format = choose(FORMATS, value); }},
         {COLUMNS, [&] { conversion.columns = read_columns(value); }},
         {SEPARATOR, [&] { conversion.separator = choose(SEPARATORS, value); }},
         {HEADER, [&] { conversion.header = true; }},
@@ -281,6 +289,9 @@ int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
     if (const std::string name = first_of([&](int key) { return !is_in(WITH_SURVEY, key); });
         options.survey && !name.empty())
         return complain("--" + name + " does not go with --survey: it writes nothing but what is in the files");
+    if (const std::string name = first_of([&](int key) { return is_in(WITH_COLUMNS, key); });
+        options.task.options.format == ConversionOptions::Format::CONLLU && !name.empty())
+        return complain("--" + name + " does not go with --format=conllu: its columns are always the same");
     const std::vector<Column>& columns = options.task.options.columns;
     if (const auto column = std::ranges::find_if(columns, &Column::is_category);
         options.task.lexicon.empty() && column != columns.end())
@@ -310,6 +321,8 @@ std::optional<Tei2crfOptions> read_tei2crf_options(int argc, char** argv, int& s
     if (status == 0) {
         options.task.inputs.assign(argv + optind, argv + argc);
         options.task.options.has_lexicon = !options.task.lexicon.empty();
+        if (options.task.options.format == ConversionOptions::Format::CONLLU)
+            options.task.options.choose_conllu();
         status = check(options, keys);
     }
     if (status == 0)

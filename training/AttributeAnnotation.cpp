@@ -16,14 +16,16 @@ bool wants(const ConversionOptions& options, Column::Kind kind) {
 } // namespace
 
 AttributeAnnotation::AttributeAnnotation(const ConversionOptions& options, const TagMap* map, Sentences& sentences)
-    : m_options(options), m_map(map), m_sentences(sentences), m_wants_lemma(wants(options, Column::Kind::LEMMA)),
-      m_wants_upos(wants(options, Column::Kind::UPOS)), m_wants_feats(wants(options, Column::Kind::FEATS)) {
+    : m_options(options), m_map(map), m_sentences(sentences),
+      m_is_conllu(options.format == ConversionOptions::Format::CONLLU),
+      m_wants_lemma(wants(options, Column::Kind::LEMMA)), m_wants_upos(wants(options, Column::Kind::UPOS)),
+      m_wants_feats(wants(options, Column::Kind::FEATS)) {
     for (const char32_t mark : decode_utf8(options.break_marks))
         append_utf8(m_marks.emplace_back(), mark);
     m_others.resize(static_cast<std::size_t>(std::ranges::count(options.columns, Column::Kind::OTHER, &Column::kind)));
 }
 
-void AttributeAnnotation::begin_sentence(const XmlAttributes& /*attributes*/) { m_sentences.begin_sentence(); }
+void AttributeAnnotation::begin_sentence(const XmlAttributes& attributes) { m_sentences.begin_sentence(attributes); }
 
 void AttributeAnnotation::end_sentence() { m_sentences.end_sentence(); }
 
@@ -31,8 +33,11 @@ void AttributeAnnotation::add(TeiToken& token, std::span<TeiToken> words) {
     for (TeiToken& word : words)
         read_form(word);
     if (std::ranges::any_of(words, [](const TeiToken& word) { return !word.form.empty(); })) {
+        if (m_is_conllu)
+            begin_group(token);
         for (const TeiToken& word : words)
             add_token(word);
+        m_sentences.end_group();
         break_behind(words.back().form);
         return;
     }
@@ -41,6 +46,14 @@ void AttributeAnnotation::add(TeiToken& token, std::span<TeiToken> words) {
         return; // none
     add_token(token);
     break_behind(token.form);
+}
+
+void AttributeAnnotation::begin_group(TeiToken& whole) {
+    read_form(whole);
+    Token annotated;
+    annotated.form = whole.form;
+    annotated.join = whole.attributes.value("join");
+    m_sentences.begin_group(annotated);
 }
 
 void AttributeAnnotation::read_form(TeiToken& token) const {
@@ -79,6 +92,8 @@ void AttributeAnnotation::add_token(const TeiToken& token) {
         annotated.upos = m_upos;
         annotated.feats = m_feats;
         annotated.others = m_others;
+        if (m_is_conllu)
+            annotated.join = token.attributes.value("join");
     }
     m_sentences.see(token.is_punctuation);
     m_sentences.add(annotated, annotated.form);

@@ -24,6 +24,7 @@ public:
 private:
     void read_form(TeiToken& token) const;
     void add_token(const TeiToken& token);
+    void begin_group(TeiToken& whole);
     void read_value(const ValueSources& sources, const TeiToken& token, std::string& value) const;
     void read_tag(const TeiToken& token, Token& annotated);
     void break_behind(const std::string& form);
@@ -31,6 +32,7 @@ private:
     const ConversionOptions& m_options;
     const TagMap* m_map;
     Sentences& m_sentences;
+    bool m_is_conllu;
     bool m_wants_lemma, m_wants_upos, m_wants_feats;
     std::vector<std::string> m_marks; ///< that end a sentence
     std::string m_lemma, m_pos, m_upos, m_feats;

@@ -106,11 +106,11 @@ void ColumnLines::append_odd(Column::Kind kind, std::string_view value, TokenOut
 
 TokenOutcome ColumnLines::add(const Token& token) {
     if (token.flaw)
-        return {false, false, token.flaw};
+        return {false, false, token.flaw, {}};
     if (!m_options.has_lexicon && value_of(m_tag, token).empty())
-        return {false, false, ConversionReport::NO_TAG};
+        return {false, false, ConversionReport::NO_TAG, {}};
     const std::size_t begin = m_lines.size();
-    TokenOutcome outcome{true, false, {}};
+    TokenOutcome outcome{true, false, {}, {}};
     for (const Column& column : m_options.columns) {
         if (m_lines.size() > begin)
             m_lines += m_options.separator;
@@ -122,7 +122,7 @@ TokenOutcome ColumnLines::add(const Token& token) {
     }
     if (!outcome.is_written || m_lines.size() - begin > MAX_TOKEN_LINE) {
         m_lines.resize(begin);
-        return {false, false, ConversionReport::BREAKS_LINE};
+        return {false, false, ConversionReport::BREAKS_LINE, {}};
     }
     m_lines += '\n';
     return outcome;
@@ -132,7 +132,16 @@ std::string ColumnLines::take_some() {
     return m_lines.size() > ENOUGH_TO_WRITE ? std::exchange(m_lines, {}) : std::string();
 }
 
-std::string_view ColumnLines::end() { return m_lines += '\n'; }
+std::string_view ColumnLines::end() {
+    if (!std::exchange(m_has_end, true))
+        m_lines += '\n';
+    return m_lines;
+}
+
+void ColumnLines::clear() {
+    m_lines.clear();
+    m_has_end = false;
+}
 
 std::string header_line(const ConversionOptions& options) {
     std::string line;

@@ -26,7 +26,7 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override;
     std::string_view end() override;
-    void clear() override { m_lines.clear(); }
+    void clear() override;
 
 private:
     static std::string_view value_of(const Column& column, const Token& token);
@@ -35,6 +35,7 @@ private:
     const ConversionOptions& m_options;
     const Column& m_tag; ///< the column that must not be empty
     std::string m_lines;
+    bool m_has_end = false; ///< these lines
 };
 
 /// The column without which a token has no tag: "pos", or the last one where there is none.

@@ -180,7 +180,7 @@ void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter
             DocumentTurns::Document document(turns, *number);
             std::exception_ptr thrown;
             try {
-                converter.convert(m_documents[*number], document);
+                converter.convert(m_documents[*number], *number + 1, document);
             } catch (...) {
                 thrown = std::current_exception();
             }
@@ -232,8 +232,8 @@ void Conversion::end(const std::string& message) {
     } catch (const std::system_error& error) {
         complain(shown_path(error.what()));
     }
-    for (const auto count :
-         {ConversionReport::SENTENCES, ConversionReport::TOKENS_WRITTEN, ConversionReport::TOKENS_REPLACED})
+    for (const auto count : {ConversionReport::SENTENCES, ConversionReport::TOKENS_WRITTEN,
+                             ConversionReport::TOKENS_REPLACED, ConversionReport::TOKENS_LACKING})
         m_report[count] = 0;
 }
 

@@ -35,6 +35,12 @@ Column::Column(std::string_view text) : name(text) {
     kind = static_cast<Kind>(found - std::begin(NAMES));
 }
 
+void ConversionOptions::choose_conllu() {
+    format = Format::CONLLU;
+    columns = read_columns("form,lemma,upos,pos,feats");
+    nfc = true;
+}
+
 std::vector<Column> read_columns(std::string_view names) {
     std::vector<Column> columns;
     for (const std::string_view name : split_list(names)) {

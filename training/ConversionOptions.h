@@ -42,6 +42,7 @@ std::vector<Column> read_columns(std::string_view names);
 /// What is to be read of the documents of a conversion, and how it is to be written.
 struct ConversionOptions {
     enum class BadToken { DROP, REPLACE, FAIL };
+    enum class Format { COLUMNS, CONLLU };
     using Names = std::vector<std::string>;
 
     bool has_lexicon = false; ///< tags come from it, by the JSON of analyses; otherwise from attributes
@@ -60,12 +61,16 @@ struct ConversionOptions {
     ValueSources feats{"msd", ValueSources::Use::FEATS};
     std::string punctuation_tag = "PUNCT";
 
+    Format format = Format::COLUMNS;
     std::vector<Column> columns = read_columns("form,pos");
     char separator = ' ';
     bool header = false;
     BadToken on_bad_token = BadToken::DROP;
     bool whole_sentences = false;
     bool nfc = false;
+
+    /// With the columns and the normal form that it has.
+    void choose_conllu();
 
     bool strict = false;  ///< stop at the first fault, analyses that are no JSON or JSON of another shape included
     bool verbose = false; ///< tell each token that is left out

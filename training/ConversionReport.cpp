@@ -27,6 +27,9 @@ constexpr Row ROWS[] = {
     {"sentences", "incomplete", "incomplete and not written"},
     {"tokens", "written", "written"},
     {"tokens", "replaced", "of them with replaced characters"},
+    {"tokens", "lacking", "of them without an analysis or a tag"},
+    {"values", "upos", "no universal tag"},
+    {"values", "feats", "no universal feature"},
     {"left_out", "no_form", "no form"},
     {"left_out", "no_analysis", "no analysis"},
     {"left_out", "not_json", "analysis is no JSON"},
@@ -45,6 +48,11 @@ constexpr Row ROWS[] = {
 static_assert(std::size(ROWS) == ConversionReport::COUNTS);
 
 constexpr std::string_view LEFT_OUT = "left_out";
+
+/// What some formats write tokens without.
+bool is_lack(ConversionReport::Count reason) {
+    return reason >= ConversionReport::NO_ANALYSIS && reason <= ConversionReport::NO_TAG;
+}
 
 } // namespace
 
@@ -84,8 +92,14 @@ std::string ConversionReport::section_text(std::string_view section) const {
 
 std::string ConversionReport::text() const {
     std::string text = section_text("files") + section_text("sentences") + section_text("tokens");
+    const auto line = [&](const char* what, Count count) {
+        text.append(what).append(": " + std::to_string(counts[count]) + " " + label_of(count) + "\n");
+    };
     for (const Count reason : reasons())
-        text += "left out: " + std::to_string(counts[reason]) + " " + label_of(reason) + "\n";
+        line(counts[TOKENS_LACKING] > 0 && is_lack(reason) ? "written all the same" : "left out", reason);
+    for (const Count unfit : {UPOS_UNFIT, FEATS_UNFIT})
+        if (counts[unfit] > 0)
+            line("values left out", unfit);
     return counts[LEXICON_LINES] > 0 ? text + section_text("lexicon") : text;
 }
 

@@ -20,6 +20,9 @@ struct ConversionReport {
         SENTENCES_INCOMPLETE, ///< not written, where only whole ones are
         TOKENS_WRITTEN,
         TOKENS_REPLACED, ///< of these, with "_" in a column
+        TOKENS_LACKING,  ///< of these, those with a reason all the same
+        UPOS_UNFIT,      ///< values that the format has no place for
+        FEATS_UNFIT,
         NO_FORM,
         NO_ANALYSIS,
         NOT_JSON,
@@ -42,7 +45,7 @@ struct ConversionReport {
 
     ConversionReport& operator+=(const ConversionReport& other);
 
-    /// For which tokens were left out, the most frequent first.
+    /// For which tokens were left out, or written without what they lack, the most frequent first.
     std::vector<Count> reasons() const;
     std::uint64_t left_out() const; ///< tokens, for whatever reason
 

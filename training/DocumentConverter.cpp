@@ -3,6 +3,7 @@
 #include "training/AttributeAnnotation.h"
 #include "training/AttributeTokens.h"
 #include "training/ColumnLines.h"
+#include "training/ConlluLines.h"
 #include "training/LexiconAnnotation.h"
 #include "training/LexiconTokens.h"
 #include "training/Survey.h"
@@ -74,11 +75,18 @@ private:
     XmlReader* m_reader = nullptr;
 };
 
+std::unique_ptr<SentenceFormat> make_format(const ConversionOptions& options) {
+    if (options.format == ConversionOptions::Format::CONLLU)
+        return std::make_unique<ConlluLines>(options);
+    return std::make_unique<ColumnLines>(options);
+}
+
 } // namespace
 
 struct DocumentConverter::Stages {
     Stages(const ConversionOptions& all_options, const Tables& tables)
-        : options(all_options), lines(options), sentences(options, lines, report, [this] { return reader->place(); }) {
+        : options(all_options), format(make_format(options)),
+          sentences(options, *format, report, [this] { return reader->place(); }) {
         if (tables.lexicon)
             from_lexicon = std::make_unique<FromLexicon>(options, tables, sentences);
         else
@@ -94,13 +102,13 @@ struct DocumentConverter::Stages {
                                 }});
     }
 
-    void begin_document(const std::string& name, ConversionSink& to);
+    void begin_document(const std::string& path, std::size_t number, ConversionSink& to);
     void fault(const XmlPlace& place, const std::string& message);
 
     const ConversionOptions& options;
     ConversionSink* sink = nullptr;
     ConversionReport report;
-    ColumnLines lines;
+    std::unique_ptr<SentenceFormat> format;
     Sentences sentences;
     std::unique_ptr<FromLexicon> from_lexicon; ///< either of the two
     std::unique_ptr<FromAttributes> from_attributes;
@@ -110,12 +118,13 @@ struct DocumentConverter::Stages {
     std::size_t faults = 0; ///< of the document
 };
 
-void DocumentConverter::Stages::begin_document(const std::string& name, ConversionSink& to) {
-    document = name;
+void DocumentConverter::Stages::begin_document(const std::string& path, std::size_t number, ConversionSink& to) {
+    document = path == "-" ? "standard input" : path;
     sink = &to;
     faults = 0;
     report = {};
-    sentences.begin_document(name, to);
+    format->begin_document(path, number);
+    sentences.begin_document(document, to);
     surveyor->begin_document(options, *reader);
     if (from_lexicon)
         from_lexicon->tokens.begin_document();
@@ -142,9 +151,9 @@ std::unique_ptr<Survey> DocumentConverter::take_survey() {
     return has_written ? nullptr : std::move(m_stages->surveyor->survey);
 }
 
-void DocumentConverter::convert(const std::string& path, ConversionSink& sink) {
+void DocumentConverter::convert(const std::string& path, std::size_t number, ConversionSink& sink) {
     Stages& stages = *m_stages;
-    stages.begin_document(path == "-" ? "standard input" : path, sink);
+    stages.begin_document(path, number, sink);
     try {
         stages.reader->read(path);
     } catch (const ConversionStopped&) {

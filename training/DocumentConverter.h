@@ -30,9 +30,10 @@ public:
     DocumentConverter(const DocumentConverter&) = delete;
     DocumentConverter& operator=(const DocumentConverter&) = delete;
 
-    /// Converts the document at a path, or standard input for "-". The sentences before a fault count; so do those
-    /// before ConversionStopped, which leaves this as everything does that the sink throws, and std::bad_alloc.
-    void convert(const std::string& path, ConversionSink& sink);
+    /// Converts the document at a path, or standard input for "-"; `number` is its number among all, from 1. The
+    /// sentences before a fault count; so do those before ConversionStopped, which leaves this as everything does that
+    /// the sink throws, and std::bad_alloc.
+    void convert(const std::string& path, std::size_t number, ConversionSink& sink);
 
     /// Of the last document, or as far as it is.
     const ConversionReport& report() const;

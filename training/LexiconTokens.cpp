@@ -5,8 +5,9 @@
 namespace zelvor {
 
 LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation& annotation, Sentences& sentences)
-    : m_wants_attributes(std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
-                         options.columns.end()),
+    : m_wants_attributes(options.format == ConversionOptions::Format::CONLLU ||
+                         std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
+                             options.columns.end()),
       m_annotation(annotation), m_sentences(sentences) {
     m_roles.add(options.word, ElementRole::WORD);
     m_roles.add(options.punctuation_elements(), ElementRole::PUNCTUATION);
@@ -16,7 +17,7 @@ LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation
 void LexiconTokens::begin_element(std::string_view name, const XmlAttributes& attributes) {
     const ElementRole role = m_roles[local_name(name)];
     if (role == ElementRole::SENTENCE)
-        m_sentences.begin_sentence();
+        m_sentences.begin_sentence(attributes);
     else if (role != ElementRole::NONE)
         begin_token(attributes);
 }

@@ -1,29 +1,49 @@
 #pragma once
 
 #include "training/Token.h"
+#include "training/XmlReader.h"
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace zelvor {
 
+/// A value that the format has no place for.
+struct Unfit {
+    ConversionReport::Count kind;
+    std::string_view text;
+};
+
 struct TokenOutcome {
     bool is_written = false;
     bool is_replaced = false;                      ///< with "_" for something that would have broken the line
     std::optional<ConversionReport::Count> reason; ///< why it is left out, or what it lacks all the same
+    std::span<const Unfit> unfit;                  ///< valid as long as the token
 };
 
-/// What a sentence looks like in training data; made token by token.
+/// What a sentence looks like in training data; made token by token. A format that needs no more than the tokens need
+/// not care where sentence elements, and tokens of several words, begin and end.
 class SentenceFormat {
 public:
     virtual ~SentenceFormat() = default;
 
+    /// `number` is that of the document among all, from 1.
+    virtual void begin_document(const std::string& /*path*/, std::size_t /*number*/) {}
+    virtual void begin_sentence(const XmlAttributes& /*attributes*/) {}
+    virtual void end_sentence() {}
+    /// The words up to end_group() are one token.
+    virtual void begin_group(const Token& /*whole*/) {}
+    virtual void end_group() {}
+
     virtual TokenOutcome add(const Token& token) = 0;
     /// What may be written before the sentence ends, once it is much; empty otherwise. It is no longer part of it then.
     virtual std::string take_some() = 0;
-    /// All of the sentence, with its end. Valid until it is cleared.
+    /// All of the sentence, with its end; to be called anew each time that it is written. Valid until the next call.
     virtual std::string_view end() = 0;
+    /// Drops the tokens.
     virtual void clear() = 0;
 };
 

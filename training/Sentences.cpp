@@ -6,7 +6,8 @@ namespace zelvor {
 
 Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
                      std::function<XmlPlace()> place)
-    : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN), m_format(format),
+    : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN),
+      m_writes_empty(options.has_lexicon && options.format == ConversionOptions::Format::COLUMNS), m_format(format),
       m_report(report), m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
@@ -14,7 +15,7 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_sink = &sink;
     m_format.clear(); // of a document that did not come to its end
     m_told.clear();
-    m_tokens = m_replaced = m_unwritten = m_ends = 0;
+    m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
     m_depth = 0;
     m_has_begun = false;
     m_is_whole = true;
@@ -22,9 +23,10 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
 
 void Sentences::end_document() { finish(m_ends); }
 
-void Sentences::begin_sentence() {
+void Sentences::begin_sentence(const XmlAttributes& attributes) {
     ++m_report.sentence_elements;
     finish(m_rule == SentenceRule::RUN ? 1 : m_ends);
+    m_format.begin_sentence(attributes);
     ++m_depth;
     m_has_begun = true;
 }
@@ -34,6 +36,7 @@ void Sentences::end_sentence() {
         finish(1);
     else
         ++m_ends;
+    m_format.end_sentence();
     --m_depth;
 }
 
@@ -45,13 +48,13 @@ void Sentences::finish(std::uint64_t times) {
         drop(ConversionReport::OUTSIDE_SENTENCE);
     else if (is_rejected)
         drop(ConversionReport::INCOMPLETE_SENTENCE);
-    else if (m_tokens > 0 || m_rule == SentenceRule::TO_NEXT)
+    else if (m_tokens > 0 || m_writes_empty)
         write(times);
     if (is_rejected)
         m_report[ConversionReport::SENTENCES_INCOMPLETE] += times;
     m_format.clear();
     m_told.clear();
-    m_tokens = m_replaced = m_unwritten = m_ends = 0;
+    m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
     m_is_whole = true;
 }
 
@@ -65,8 +68,9 @@ void Sentences::write(std::uint64_t times) {
     m_report[ConversionReport::SENTENCES] += times;
     m_report[ConversionReport::TOKENS_WRITTEN] += times * m_tokens;
     m_report[ConversionReport::TOKENS_REPLACED] += times * m_replaced;
-    for (const std::string_view text = m_format.end(); times > 0; --times)
-        m_sink->write(text, m_unwritten);
+    m_report[ConversionReport::TOKENS_LACKING] += times * m_lacking;
+    for (; times > 0; --times)
+        m_sink->write(m_format.end(), m_unwritten);
 }
 
 void Sentences::add(const Token& token, std::string_view text) {
@@ -77,7 +81,7 @@ void Sentences::add(const Token& token, std::string_view text) {
                                                                        : ConversionReport::OUTSIDE_SENTENCE,
                          text, token.detail);
     const TokenOutcome outcome =
-        token.is_overlong ? TokenOutcome{false, false, ConversionReport::BREAKS_LINE} : m_format.add(token);
+        token.is_overlong ? TokenOutcome{false, false, ConversionReport::BREAKS_LINE, {}} : m_format.add(token);
     if (outcome.reason) {
         m_is_whole = m_is_whole && outcome.is_written;
         leave_out(*outcome.reason, text, token.detail);
@@ -87,6 +91,11 @@ void Sentences::add(const Token& token, std::string_view text) {
     ++m_tokens;
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
+    m_lacking += outcome.reason.has_value();
+    for (const Unfit& unfit : outcome.unfit) {
+        ++m_report[unfit.kind];
+        tell(unfit.kind, text, unfit.text);
+    }
     if (m_options.verbose && (m_ends == 0 || m_options.whole_sentences))
         m_told.emplace_back(m_place(), text);
     if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
@@ -94,12 +103,15 @@ void Sentences::add(const Token& token, std::string_view text) {
             m_sink->write(some, std::exchange(m_unwritten, 0));
 }
 
+void Sentences::tell(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
+    if (m_options.verbose)
+        m_sink->left_out(reason, m_document, m_place(),
+                         std::string(text) + (detail.empty() ? "" : " (" + std::string(detail) + ")"));
+}
+
 void Sentences::leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
     ++m_report[reason];
-    const XmlPlace place = m_options.verbose || m_options.strict ? m_place() : XmlPlace();
-    if (m_options.verbose)
-        m_sink->left_out(reason, m_document, place,
-                         std::string(text) + (detail.empty() ? "" : " (" + std::string(detail) + ")"));
+    tell(reason, text, detail);
     const bool is_malformed = reason == ConversionReport::NOT_JSON || reason == ConversionReport::OTHER_JSON;
     const bool is_bad_token =
         reason == ConversionReport::BREAKS_LINE && m_options.on_bad_token == ConversionOptions::BadToken::FAIL;

@@ -59,7 +59,7 @@ public:
     void begin_document(const std::string& name, ConversionSink& sink);
     /// What has not ended by now is left out.
     void end_document();
-    void begin_sentence();
+    void begin_sentence(const XmlAttributes& attributes);
     void end_sentence();
     /// Counts a token that is to be added.
     void see(bool is_punctuation) {
@@ -68,6 +68,9 @@ public:
     }
     /// `text` is the token as it is told. Throws ConversionStopped at one at which the options want to stop.
     void add(const Token& token, std::string_view text);
+    /// The tokens in between are words of a single one.
+    void begin_group(const Token& whole) { m_format.begin_group(whole); }
+    void end_group() { m_format.end_group(); }
     /// Ends the run, as its sentence does; a next one begins.
     void break_sentence();
 
@@ -79,9 +82,11 @@ private:
     void drop(ConversionReport::Count reason);
     void write(std::uint64_t times);
     void leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail);
+    void tell(ConversionReport::Count reason, std::string_view text, std::string_view detail);
 
     const ConversionOptions& m_options;
     SentenceRule m_rule;
+    bool m_writes_empty; ///< sentences
     SentenceFormat& m_format;
     ConversionReport& m_report;
     ConversionSink* m_sink = nullptr;
@@ -90,7 +95,8 @@ private:
     std::string m_document;
     std::size_t m_depth = 0;                              ///< of sentences inside each other
     bool m_has_begun = false;                             ///< a sentence of this document
-    std::uint64_t m_tokens = 0, m_replaced = 0;           ///< of the sentence
+    std::uint64_t m_tokens = 0;                           ///< of the sentence
+    std::uint64_t m_replaced = 0, m_lacking = 0;          ///< of them
     std::uint64_t m_unwritten = 0;                        ///< tokens of its text that has not gone out yet
     std::uint64_t m_ends = 0;                             ///< of the sentence, where it goes on to the next
     bool m_is_whole = true;                               ///< no token of it was left out

@@ -34,10 +34,10 @@ public:
 
     using ShortLine = std::function<void(std::size_t number, std::size_t fields)>;
 
-    /// Replaces the content by that of a file of lexicon lines (docs/formats.md); numbers begin at 1. With `nfc`, values
-    /// are brought into Unicode's normal form C. Throws std::system_error when the file cannot be read,
-    /// std::invalid_argument, which says why, when it is UTF-16, compressed or without any entry; the content is then as
-    /// it was.
+    /// Replaces the content by that of a file of lexicon lines (docs/formats.md); numbers begin at 1. With `nfc`,
+    /// values are brought into Unicode's normal form C. Throws std::system_error when the file cannot be read,
+    /// std::invalid_argument, which says why, when it is UTF-16, compressed or without any entry; the content is then
+    /// as it was.
     Counts load(const std::string& filename, bool nfc, const ShortLine& on_short_line);
 
     /// The analysis in the first line with this word-form id, or null; valid as long as the content.
