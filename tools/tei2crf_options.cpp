@@ -54,8 +54,8 @@ ATTRIBUTE:KEY in one that holds KEY=VALUE|KEY=VALUE:
       --nfc                Unicode's normal form C
 
 Lines:
-      --format=NAME        columns, or conllu: CoNLL-U, where tokens without a tag stay, and columns, --nfc
-                           are as it wants them; default: columns
+      --format=NAME        columns, or conllu: CoNLL-U, with columns of its own, tokens without a tag too, and
+                           always in normal form C; default: columns
       --columns=LIST       form, lemma, pos, upos, feats and @SOURCE, separated by commas; with -l also case, degree,
                            gender, mood, number, person, tense, voice, pronoun_type, verb_type; default: form,pos
       --separator=NAME     blank or tab, between the columns; default: blank

@@ -1,6 +1,7 @@
 #include "training/conllu_values.h"
 
 #include "training/ColumnLines.h"
+#include "training/Token.h"
 #include "training/normal_form.h"
 #include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
@@ -147,6 +148,8 @@ void sort_features(std::string_view list, std::vector<std::string_view>& fit, st
     rest.clear();
     if (list == "_")
         return;
+    if (list.size() > MAX_TOKEN_TEXT)
+        return rest.push_back(list);
     for (std::size_t begin = 0; begin < list.size();) {
         const std::size_t end = std::min(list.find('|', begin), list.size());
         if (const std::string_view feature = trimmed(list.substr(begin, end - begin)); !feature.empty())

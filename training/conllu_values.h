@@ -27,7 +27,8 @@ std::string comment_id(std::string_view id);
 std::string comment_path(std::string_view path);
 
 /// Of features as in "Case=Gen|Number=Sing", those that fit, in the order of their names without regard to case, and
-/// the rest: other text, and what comes after the first of a name. "_" has none.
+/// the rest: other text, and what comes after the first of a name. "_" has none,
+/// and of a list beyond MAX_TOKEN_TEXT all is the rest.
 void sort_features(std::string_view list, std::vector<std::string_view>& fit, std::vector<std::string_view>& rest);
 
 } // namespace zelvor
