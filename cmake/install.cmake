@@ -30,6 +30,7 @@ foreach(header
     training/ValueSource.h
     training/XmlReader.h
     training/tags.h
+    training/universal_features.h
     utils/ArpaLM.h
     utils/BaseLexicalEntry.h
     utils/EnglishLexicalEntry.h
