@@ -37,6 +37,7 @@ foreach(header
     utils/LMScoreFunctor.h
     utils/LetterTrieNode.h
     utils/LexicalEntry.h
+    utils/Lexicon.h
     utils/NgramModel.h
     utils/OriginatingLexicalEntryRepresentation.h
     utils/Rule.h

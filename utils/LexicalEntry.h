@@ -165,6 +165,8 @@ private:
     void apply(const DeclensionEntry& row, const std::string& gender, const std::string& pos);
     void set_superlemma_from_lemma();
     bool agrees_with(const LexicalEntry& other, bool extended_comparison) const; ///< whatever the word forms are
+    void fold_into(LexicalEntry& stored) const;
+    friend class Lexicon; // which finds the entry to fold into in its own way
 };
 
 /// True when either value is empty (unknown) or both are equal.

@@ -10,6 +10,17 @@ bool LexicalEntry::agrees_with(const LexicalEntry& other, bool extended_comparis
            (!extended_comparison || std::ranges::all_of(Tables::COMPARED, agree));
 }
 
+void LexicalEntry::fold_into(LexicalEntry& stored) const {
+    for (const Tables::Set set : Tables::SOURCES)
+        (stored.*set).insert((this->*set).begin(), (this->*set).end());
+    const auto fill = [&](Tables::Field field) {
+        if ((stored.*field).empty())
+            stored.*field = this->*field;
+    };
+    std::ranges::for_each(Tables::FILLED, fill);
+    std::ranges::for_each(Tables::BOOKKEEPING, fill);
+}
+
 bool LexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_representations,
                          std::multimap<std::string, BaseLexicalEntry*>& map_lexical_entries, bool extended_comparison) {
     // Most candidates differ in the stored form: it is compared first, before a cast, and touches one part of the
@@ -22,14 +33,7 @@ bool LexicalEntry::merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_repre
         auto* const stored = dynamic_cast<LexicalEntry*>(it->second);
         if (!stored || !agrees_with(*stored, extended_comparison))
             continue;
-        for (const Tables::Set set : Tables::SOURCES)
-            (stored->*set).insert((this->*set).begin(), (this->*set).end());
-        const auto fill = [&](Tables::Field field) {
-            if ((stored->*field).empty())
-                stored->*field = this->*field;
-        };
-        std::ranges::for_each(Tables::FILLED, fill);
-        std::ranges::for_each(Tables::BOOKKEEPING, fill);
+        fold_into(*stored);
         return false;
     }
     vec_lexical_entry_representations.push_back(this);

@@ -1,0 +1,211 @@
+#include "utils/Lexicon.h"
+
+#include "utils/common_utils/output_file.h"
+#include "utils/common_utils/text.h"
+#include "utils/common_utils/utf8.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
+
+namespace zelvor {
+
+namespace {
+
+constexpr std::uint32_t NONE = 0xFFFFFFFF;
+constexpr std::size_t REQUIRED_FIELDS = 22;
+constexpr std::ptrdiff_t SEPARATORS = 30;
+
+std::size_t hash_of(std::string_view text) { return std::hash<std::string_view>()(text); }
+
+/// Equal for the entries that a merge may fold, whatever a derived class says of its lemma.
+std::size_t analysis_hash(const LexicalEntry& entry) {
+    return hash_of(entry.BaseLexicalEntry::get_lemma()) * 31 +
+           hash_of(entry.BaseLexicalEntry::get_abbreviated_word_form());
+}
+
+std::string read_file(const std::string& filename) {
+    errno = 0;
+    std::ifstream file(filename, std::ios::binary);
+    std::ostringstream content;
+    if (file && file.peek() != std::ifstream::traits_type::eof())
+        content << file.rdbuf();
+    if (!file.is_open() || file.bad() || content.fail())
+        throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
+    return std::move(content).str();
+}
+
+/// Empty for a line that can be read.
+std::string fault_of(std::string_view line) {
+    if (!is_valid_utf8(line))
+        return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
+    if (const std::size_t fields = split_fields(line, "#").size(); fields < REQUIRED_FIELDS)
+        return std::to_string(fields) + " of the " + std::to_string(REQUIRED_FIELDS) +
+               " fields that a line must have: " + head(std::string(line), 60);
+    return "";
+}
+
+/// The lines that hold entries, as views of the text.
+std::vector<std::string_view> entry_lines(std::string_view text, const std::string& filename,
+                                          const Lexicon::BadLine& on_bad_line) {
+    std::vector<std::string_view> lines;
+    for (std::size_t number = 1; !text.empty(); ++number) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (line.starts_with("//") || trimmed(line).empty())
+            continue;
+        const std::string fault = fault_of(line);
+        if (fault.empty())
+            lines.push_back(line);
+        else if (on_bad_line)
+            on_bad_line(number, fault);
+        else
+            throw std::invalid_argument(filename + ":" + std::to_string(number) + ": " + fault);
+    }
+    return lines;
+}
+
+/// Calls use(entry) for each line of the file.
+template<typename Use>
+std::size_t for_each_entry(const std::string& filename, const Lexicon::BadLine& on_bad_line, Use use) {
+    const std::string text = read_file(filename); // whole, so that nothing is added of a file with a bad line
+    const std::vector<std::string_view> lines = entry_lines(text, filename, on_bad_line);
+    for (const std::string_view line : lines) {
+        auto entry = std::make_unique<LexicalEntry>();
+        entry->parse_latin(std::string(line));
+        if (!entry->get_lemma().empty())
+            entry->set_word_form(entry->get_word_form()); // one that is spelled out is to fold into one that is not
+        use(std::move(entry));
+    }
+    return lines.size();
+}
+
+} // namespace
+
+void Lexicon::Index::enter(std::size_t hash, std::uint32_t entry) {
+    if (m_next.size() <= entry)
+        m_next.resize(entry + std::size_t{1}, NONE);
+    const auto [place, is_new] = m_chains.try_emplace(hash, Chain{entry, entry});
+    if (!is_new)
+        m_next[std::exchange(place->second.last, entry)] = entry;
+}
+
+template<typename Use>
+void Lexicon::Index::visit(std::size_t hash, Use use) const {
+    const auto chain = m_chains.find(hash);
+    if (chain == m_chains.end())
+        return;
+    for (std::uint32_t entry = chain->second.first; entry != NONE && !use(entry);)
+        entry = m_next[entry];
+}
+
+std::size_t Lexicon::read(const std::string& filename, const BadLine& on_bad_line) {
+    return for_each_entry(filename, on_bad_line,
+                          [&](std::unique_ptr<LexicalEntry> entry) { append(std::move(entry)); });
+}
+
+std::size_t Lexicon::merge(const std::string& filename, const std::string& source, bool extended_comparison,
+                           const BadLine& on_bad_line) {
+    if (source.find_first_of("#,\r\n") != std::string::npos || !is_valid_utf8(source))
+        throw std::invalid_argument("no name of a source: " + source);
+    const std::size_t size_before = size();
+    for_each_entry(filename, on_bad_line, [&](std::unique_ptr<LexicalEntry> entry) {
+        if (!source.empty()) {
+            entry->insert_originating_source_wordforms(source);
+            entry->insert_originating_source_lemmas(source);
+            entry->insert_originating_source_pos(source);
+        }
+        add(std::move(entry), extended_comparison);
+    });
+    return size() - size_before;
+}
+
+bool Lexicon::add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison) {
+    if (!entry)
+        return false;
+    std::uint32_t target = NONE;
+    m_by_analysis.visit(analysis_hash(*entry), [&](std::uint32_t stored) {
+        const LexicalEntry& candidate = *m_owned[stored];
+        if (entry->m_word_form == candidate.m_word_form && entry->agrees_with(candidate, extended_comparison))
+            target = stored;
+        return target != NONE;
+    });
+    if (target == NONE) {
+        append(std::move(entry));
+        return true;
+    }
+    const bool had_id = !m_owned[target]->get_word_form_id().empty();
+    entry->fold_into(*m_owned[target]);
+    if (!had_id)
+        index_id(*m_owned[target], target);
+    return false;
+}
+
+void Lexicon::append(std::unique_ptr<LexicalEntry> entry) {
+    const auto number = static_cast<std::uint32_t>(m_owned.size());
+    const LexicalEntry& added = *entry;
+    if (m_entries.size() == m_entries.capacity()) // where memory is lacking, neither list becomes longer
+        m_entries.reserve(2 * m_entries.size() + 16);
+    m_owned.push_back(std::move(entry));
+    m_entries.push_back(&added);
+    m_by_analysis.enter(analysis_hash(added), number);
+    m_by_lemma.enter(hash_of(added.get_lemma()), number);
+    m_by_form.enter(hash_of(added.get_word_form()), number);
+    index_id(added, number);
+}
+
+void Lexicon::index_id(const LexicalEntry& entry, std::uint32_t number) {
+    if (const std::string id = entry.get_word_form_id(); !id.empty())
+        m_by_id.enter(static_cast<std::size_t>(std::atoi(id.c_str())), number);
+}
+
+const LexicalEntry* Lexicon::find_id(int word_form_id) const {
+    const LexicalEntry* found = nullptr;
+    m_by_id.visit(static_cast<std::size_t>(word_form_id), [&](std::uint32_t entry) {
+        found = m_entries[entry];
+        return true;
+    });
+    return found;
+}
+
+template<typename IsMeant>
+Lexicon::Entries Lexicon::select(const Index& index, const std::string& text, IsMeant is_meant) const {
+    Entries selected;
+    index.visit(hash_of(text), [&](std::uint32_t entry) {
+        if (is_meant(*m_entries[entry]))
+            selected.push_back(m_entries[entry]);
+        return false;
+    });
+    return selected;
+}
+
+Lexicon::Entries Lexicon::find_lemma(const std::string& lemma) const {
+    return select(m_by_lemma, lemma, [&](const LexicalEntry& entry) { return entry.get_lemma() == lemma; });
+}
+
+Lexicon::Entries Lexicon::find_form(const std::string& form) const {
+    return select(m_by_form, form, [&](const LexicalEntry& entry) { return entry.get_word_form() == form; });
+}
+
+void Lexicon::write(const std::string& filename) const {
+    OutputFile file(filename);
+    std::ostringstream os;
+    for (const auto& entry : m_owned) {
+        os.str({});
+        entry->export_latin(os);
+        const std::string_view line = os.view();
+        if (std::ranges::count(line, '#') != SEPARATORS || line.find('\n') + 1 != line.size() || line.starts_with("//"))
+            throw std::invalid_argument("a value with \"#\" or a line end cannot be written: " +
+                                        head(std::string(line), 200));
+        file.write(line);
+    }
+    file.commit();
+}
+
+} // namespace zelvor

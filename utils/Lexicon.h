@@ -1,0 +1,79 @@
+#pragma once
+
+#include "utils/LexicalEntry.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace zelvor {
+
+/// A lexicon that owns its Latin entries, in the order in which they were added. Adding folds as LexicalEntry::merge
+/// does with all entries in one map, but in a time that does not grow with the entries of the lemma. Entries never
+/// leave and keep their address; they change only by what is folded into them. What is const may be called by several
+/// threads at once.
+class Lexicon {
+public:
+    using Entries = std::vector<const LexicalEntry*>; ///< of the lexicon, valid as long as it is
+    /// What is told of a line that is left out: its number, from 1, and what is wrong with it.
+    using BadLine = std::function<void(std::size_t number, const std::string& reason)>;
+
+    /// Appends an entry for each line of a file of lexicon lines (docs/formats.md), folding none of them; comments and
+    /// blank lines are passed over. Returns the number of entries. Throws std::system_error when the file cannot be
+    /// read, and std::invalid_argument, which names file and line, for a line of fewer than 22 fields or not in UTF-8,
+    /// unless on_bad_line is there to be told of it. The lexicon is then as it was.
+    std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
+
+    /// As read(), but each entry is added, its word form, lemma and part of speech attested by `source` (unless empty).
+    /// Returns how many were new. A source with "#", "," or a line end throws std::invalid_argument.
+    std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
+                      const BadLine& on_bad_line = {});
+
+    /// True when the entry was new, false when it was folded into another and freed (or was null).
+    bool add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison);
+
+    const Entries& entries() const { return m_entries; }
+    std::size_t size() const { return m_entries.size(); }
+
+    /// The first entry that had this word-form id, or null. Entries without an id are not found, not even by 0.
+    const LexicalEntry* find_id(int word_form_id) const;
+    Entries find_lemma(const std::string& lemma) const; ///< in the order added
+    Entries find_form(const std::string& form) const;   ///< by the word form spelled out, in the order added
+
+    /// Writes a line for each entry. The file is there when it is complete, and not before; empty or "-" is standard
+    /// output. Throws std::system_error when it cannot be written, and std::invalid_argument for an entry that could
+    /// not be read back, since a value holds "#" or a line end.
+    void write(const std::string& filename) const;
+
+private:
+    /// Numbers of entries by the hash of something they have, those of one hash in the order entered.
+    class Index {
+    public:
+        void enter(std::size_t hash, std::uint32_t entry);
+        /// Calls use(entry) until it returns true.
+        template<typename Use>
+        void visit(std::size_t hash, Use use) const;
+
+    private:
+        struct Chain {
+            std::uint32_t first, last;
+        };
+        std::unordered_map<std::size_t, Chain> m_chains;
+        std::vector<std::uint32_t> m_next; ///< by entry
+    };
+
+    void append(std::unique_ptr<LexicalEntry> entry);
+    void index_id(const LexicalEntry& entry, std::uint32_t number);
+    template<typename IsMeant>
+    Entries select(const Index& index, const std::string& text, IsMeant is_meant) const;
+
+    std::vector<std::unique_ptr<LexicalEntry>> m_owned;
+    Entries m_entries; ///< the same
+    Index m_by_analysis, m_by_lemma, m_by_form, m_by_id;
+};
+
+} // namespace zelvor
