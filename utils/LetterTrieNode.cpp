@@ -165,13 +165,15 @@ void LetterTrieNode::delete_tree(LetterTrieNode* proot) {
         delete *node;
 }
 
-double LetterTrieNode::lookup_weight(gunichar c1, gunichar c2) const {
-    if (!m_pmap_weights)
+double LetterTrieNode::weight_in(const WeightTable* pweight_table, gunichar c1, gunichar c2) {
+    if (!pweight_table)
         return 1.0;
     const auto [low, high] = std::minmax(c1, c2);
-    const auto weight = m_pmap_weights->find(Glib::ustring(encode_utf8(std::u32string{low, high})));
-    return weight == m_pmap_weights->end() ? 1.0 : weight->second;
+    const auto weight = pweight_table->find(Glib::ustring(encode_utf8(std::u32string{low, high})));
+    return weight == pweight_table->end() ? 1.0 : weight->second;
 }
+
+double LetterTrieNode::lookup_weight(gunichar c1, gunichar c2) const { return weight_in(m_pmap_weights, c1, c2); }
 
 void LetterTrieNode::add_child(LetterTrieNode* pletter_trie_node, int position) {
     if (!pletter_trie_node)

@@ -40,6 +40,7 @@ class LetterTrieNode {
 public:
     using FuzzyMatches = std::set<std::pair<double, Glib::ustring>*>; ///< (budget left, stored string); owned by caller
     using Splittings = std::vector<std::vector<Glib::ustring>*>;      ///< each in the order of the input
+    using WeightTable = std::map<Glib::ustring, double>;              ///< see set_weight_table
 
     LetterTrieNode() = default;                     ///< a root
     explicit LetterTrieNode(gunichar c) : m_c(c) {} ///< c: below 2^29, as every code point is
@@ -83,6 +84,7 @@ public:
     static void set_weight_table(std::map<Glib::ustring, double>* pweight_table) { m_pmap_weights = pweight_table; }
     static bool has_weights() { return m_pmap_weights && !m_pmap_weights->empty(); }
     double lookup_weight(gunichar c1, gunichar c2) const; ///< 1.0 where the table has nothing for the pair
+    static double weight_in(const WeightTable* pweight_table, gunichar c1, gunichar c2); ///< null: 1.0
 
     /// Takes a child over, placed after index position (-1: first). Order and uniqueness are the caller's business.
     void add_child(LetterTrieNode* pletter_trie_node, int position);
@@ -97,9 +99,13 @@ public:
     /// is exponential in the budget, and nothing caps it.
     int lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                             FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end);
-    /// As above; besides, before the first character that is kept or substituted, a skipped one may be a boundary after
-    /// which the search starts afresh at proot_node (null: the root). Its time is always exponential in the budget. The
-    /// stack is left as it came.
+    /// The same with a weight table of this call's own (null: none), whatever the process's is.
+    int lookup_string_fuzzy_weighted(const Glib::ustring& str, unsigned int current_index, double tolerance,
+                                     FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end,
+                                     const WeightTable* pweight_table) const;
+    /// As above with the process's table; besides, before the first character that is kept or substituted, a skipped
+    /// one may be a boundary after which the search starts afresh at proot_node (null: the root). Its time is always
+    /// exponential in the budget. The stack is left as it came.
     int lookup_string_fuzzy_segment(const Glib::ustring& str, unsigned int current_index, double tolerance,
                                     FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end,
                                     std::stack<LetterTrieNode*>& stack_letter_trie_node, LetterTrieNode* proot_node);
@@ -112,6 +118,8 @@ public:
     Splittings* segment(const Glib::ustring& str, unsigned int current_index, LetterTrieNode* proot,
                         int distance_from_root);
     Splittings* segment_sorted(const Glib::ustring& str, unsigned int current_index); ///< fewest words first
+    /// How many splittings segment_sorted would give, at most 2^64 - 1, in a time that does not depend on it.
+    std::uint64_t count_splittings(const Glib::ustring& str, unsigned int current_index);
     void delete_segment_result(Splittings* pvec_vec);
 
     // Both printers leave out nodes that fewer than min_num strings reached, and put frequent children first.

@@ -55,6 +55,7 @@ private:
 
 /// What both searches share: the input, from where and at what price it may be edited, and the results.
 struct Query {
+    const LetterTrieNode::WeightTable* weights; ///< null: every substitution costs 1
     std::u32string text;
     std::size_t length; ///< of the text, or the position of the start when that lies beyond it
     unsigned int threshold;
@@ -62,10 +63,12 @@ struct Query {
     Matches matches;
 
     Query(const Glib::ustring& str, unsigned int current_index, unsigned int start_threshold, double end_weight,
-          LetterTrieNode::FuzzyMatches& set_lemmas)
-        : text(decode_utf8(str.raw())), length(std::max<std::size_t>(current_index, text.size())),
-          threshold(start_threshold), weight_end(end_weight), matches(set_lemmas) {}
+          LetterTrieNode::FuzzyMatches& set_lemmas, const LetterTrieNode::WeightTable* pweight_table)
+        : weights(pweight_table && !pweight_table->empty() ? pweight_table : nullptr), text(decode_utf8(str.raw())),
+          length(std::max<std::size_t>(current_index, text.size())), threshold(start_threshold), weight_end(end_weight),
+          matches(set_lemmas) {}
 
+    bool has_unit_costs() const { return weight_end == 1.0 && !weights; }
     bool may_edit(std::size_t position, double budget) const { return budget > 0.0 && position >= threshold; }
     bool is_match(const LetterTrieNode* node, std::size_t position) const {
         return position >= length && node->is_leaf();
@@ -227,8 +230,7 @@ private:
 /// because it was seen. A stack of its own takes the place of recursion.
 class PathSearch {
 public:
-    PathSearch(Query& query, const LetterTrieNode* boundary_root, bool unit_costs)
-        : m_query(query), m_boundary_root(boundary_root), m_unit_costs(unit_costs) {}
+    PathSearch(Query& query, const LetterTrieNode* boundary_root) : m_query(query), m_boundary_root(boundary_root) {}
 
     void run(const LetterTrieNode* start, std::size_t position, double tolerance) {
         push({start, position, tolerance, 0, m_boundary_root != nullptr});
@@ -295,19 +297,19 @@ private:
 
     /// The table orders its keys by collation, which is slow: each pair is looked up once.
     double weight(const LetterTrieNode* node, std::size_t position) {
-        if (!LetterTrieNode::has_weights())
+        if (!m_query.weights)
             return 1.0;
         const gunichar c1 = node->get_contents();
         const gunichar c2 = m_query.text[position];
         const auto [known, is_new] = m_weights.try_emplace(static_cast<std::uint64_t>(c1) << 32 | c2, 0.0);
         if (is_new)
-            known->second = node->lookup_weight(c1, c2);
+            known->second = LetterTrieNode::weight_in(m_query.weights, c1, c2);
         return known->second;
     }
 
     /// With unit costs (only then) a restart with no fewer edits than an earlier one has nothing to add.
     bool is_known_restart(const State& state) {
-        if (!m_unit_costs || !state.segmenting || state.node != m_boundary_root)
+        if (!m_query.has_unit_costs() || !state.segmenting || state.node != m_boundary_root)
             return false;
         const auto [fewest, is_new] = m_restarts.try_emplace(state.position, state.edits);
         const bool known = !is_new && fewest->second <= state.edits;
@@ -317,24 +319,28 @@ private:
 
     Query& m_query;
     const LetterTrieNode* m_boundary_root; ///< null in the search without boundaries
-    bool m_unit_costs;
     std::vector<State> m_pending;
     std::unordered_map<std::uint64_t, double> m_weights;
     std::unordered_map<std::size_t, int> m_restarts; ///< fewest edits by position
 };
 
-bool has_unit_costs(double weight_end) { return weight_end == 1.0 && !LetterTrieNode::has_weights(); }
-
 } // namespace
 
 int LetterTrieNode::lookup_string_fuzzy(const Glib::ustring& str, unsigned int current_index, double tolerance,
                                         FuzzyMatches& set_lemmas, unsigned int start_threshold, double weight_end) {
-    Query query(str, current_index, start_threshold, weight_end, set_lemmas);
+    return lookup_string_fuzzy_weighted(str, current_index, tolerance, set_lemmas, start_threshold, weight_end,
+                                        m_pmap_weights);
+}
+
+int LetterTrieNode::lookup_string_fuzzy_weighted(const Glib::ustring& str, unsigned int current_index, double tolerance,
+                                                 FuzzyMatches& set_lemmas, unsigned int start_threshold,
+                                                 double weight_end, const WeightTable* pweight_table) const {
+    Query query(str, current_index, start_threshold, weight_end, set_lemmas, pweight_table);
     const bool is_long = tolerance > 0.0 && query.text.size() > MAX_PATH_LENGTH;
-    if (has_unit_costs(weight_end) && (tolerance > MAX_PATH_TOLERANCE || is_long))
+    if (query.has_unit_costs() && (tolerance > MAX_PATH_TOLERANCE || is_long))
         RowSearch(query, tolerance).run(this, current_index);
     else
-        PathSearch(query, nullptr, false).run(this, current_index, tolerance);
+        PathSearch(query, nullptr).run(this, current_index, tolerance);
     return query.matches.fewest_edits();
 }
 
@@ -342,9 +348,8 @@ int LetterTrieNode::lookup_string_fuzzy_segment(const Glib::ustring& str, unsign
                                                 FuzzyMatches& set_lemmas, unsigned int start_threshold,
                                                 double weight_end, std::stack<LetterTrieNode*>&,
                                                 LetterTrieNode* proot_node) {
-    Query query(str, current_index, start_threshold, weight_end, set_lemmas);
-    PathSearch(query, proot_node ? proot_node : get_root(), has_unit_costs(weight_end))
-        .run(this, current_index, tolerance);
+    Query query(str, current_index, start_threshold, weight_end, set_lemmas, m_pmap_weights);
+    PathSearch(query, proot_node ? proot_node : get_root()).run(this, current_index, tolerance);
     return query.matches.fewest_edits();
 }
 

@@ -19,6 +19,24 @@ public:
     Segmenter(std::u32string text, const LetterTrieNode* root)
         : m_text(std::move(text)), m_root(root), m_starts(m_text.size() + 1) {}
 
+    /// The number of splittings, or the largest number. The words that follow a boundary are counted once.
+    std::uint64_t count(const LetterTrieNode* node, std::size_t position, int depth) {
+        m_first = walk(node, position, depth);
+        explore(position);
+        prune(m_first);
+        std::vector<std::uint64_t> counts(m_text.size() + 1);
+        const auto count_from = [&](const Start& start) {
+            std::uint64_t sum = start.ends_string;
+            for (std::size_t i = sum; i < start.words.size(); ++i)
+                if (__builtin_add_overflow(sum, counts[start.words[i].end], &sum))
+                    return UINT64_MAX;
+            return sum;
+        };
+        for (std::size_t i = m_text.size(); i-- > position;)
+            counts[i] = count_from(m_starts[i]);
+        return count_from(m_first);
+    }
+
     /// Null when there is no splitting.
     std::unique_ptr<LetterTrieNode::Splittings> run(const LetterTrieNode* node, std::size_t position, int depth) {
         m_first = walk(node, position, depth);
@@ -116,6 +134,12 @@ LetterTrieNode::Splittings* LetterTrieNode::segment(const Glib::ustring& str, un
     std::u32string text = decode_utf8(str.raw());
     const std::size_t position = std::min<std::size_t>(current_index, text.size());
     return Segmenter(std::move(text), proot ? proot : get_root()).run(this, position, distance_from_root).release();
+}
+
+std::uint64_t LetterTrieNode::count_splittings(const Glib::ustring& str, unsigned int current_index) {
+    std::u32string text = decode_utf8(str.raw());
+    const std::size_t position = std::min<std::size_t>(current_index, text.size());
+    return Segmenter(std::move(text), get_root()).count(this, position, 0);
 }
 
 LetterTrieNode::Splittings* LetterTrieNode::segment_sorted(const Glib::ustring& str, unsigned int current_index) {

@@ -221,6 +221,12 @@ TEST(LetterTrieFuzzy, FindsKnownCases) {
         EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy(str, 0, tolerance, matches, 0, 1), steps) << str;
         EXPECT_EQ(contents(matches), result) << str;
     }
+    const LetterTrieNode::WeightTable own{{"ay", 0.5}};
+    Matches by_own, by_none;
+    Trie({"abc"}).root.lookup_string_fuzzy_weighted("ayc", 0, 1, by_own, 0, 1, &own);
+    Trie({"abc"}).root.lookup_string_fuzzy_weighted("axc", 0, 1, by_none, 0, 1, nullptr);
+    EXPECT_EQ(contents(by_own), (Result{{"abc", 0.5}}));
+    EXPECT_EQ(contents(by_none), (Result{{"abc", 0}}));
     LetterTrieNode::set_weight_table(nullptr);
     Trie trie({"x", "abc"});
     Matches matches;
@@ -239,8 +245,12 @@ TEST(LetterTrieSegment, SortsByTheNumberOfWordsAndEndsOnHopelessInput) {
           Row({"abc", "d"}, "abcd", 0, {}), Row({"abc"}, "xxabc", 2, {{"abc"}}), Row({"", "abc"}, "", 0, {}),
           Row({"abcd", "ef", "abc", "def", "abcdef", "xyz"}, "abcdefxyz", 0,
               {{"abcdef", "xyz"}, {"abc", "def", "xyz"}}),
-          Row({"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {})})
+          Row({"aaa", "aaaa"}, std::string(200, 'a') + "b", 0, {})}) {
         EXPECT_EQ(take(Trie(stored).root.segment_sorted(str, from)), splittings) << str;
+        EXPECT_EQ(Trie(stored).root.count_splittings(str, from), splittings.size()) << str;
+    }
+    EXPECT_EQ(Trie({"aaa", "aaaa"}).root.count_splittings(std::string(10, 'a'), 0), 3U); // 3+3+4 in any order
+    EXPECT_EQ(Trie({"aaa", "aaaa"}).root.count_splittings(std::string(1000, 'a'), 0), UINT64_MAX);
     EXPECT_EQ(take(Trie({"abc"}).root.segment("abc", 0, nullptr, std::numeric_limits<int>::max())).size(), 1U);
     EXPECT_EQ(Trie({"abc"}).root.segment("abc", 7, nullptr, 0), nullptr);
 }
