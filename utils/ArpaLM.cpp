@@ -97,8 +97,10 @@ bool ArpaLM::load(const std::string& filename) {
     const bool is_read = reader.read(filename);
     for (const std::string& warning : reader.get_warnings())
         log_message(m_pmain_cat, {warning}, log4cpp::Priority::WARN);
-    if (!is_read)
-        log_message(m_pmain_cat, {reader.get_error()}, log4cpp::Priority::ERROR);
+    if (!is_read) {
+        m_error = reader.get_error();
+        log_message(m_pmain_cat, {m_error}, log4cpp::Priority::ERROR);
+    }
     if (is_read) {
         m_order = reader.get_order();
         *m_vocab.m_pwords = std::move(reader.vocab());

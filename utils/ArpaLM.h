@@ -49,6 +49,7 @@ public:
     /// has no end; model and vocabulary are then as they were. Wrong counts are a warning, and so is a log10
     /// probability of up to 1e-4, which counts as 0. "<UNK>" is read as "<unk>" where the model has no 1-gram "<unk>".
     bool load(const std::string& filename);
+    const std::string& get_error() const { return m_error; } ///< of the last load() that failed
 
     /// A word that the model lacks scores as "<unk>", and where the model lacks that too, -99.
     float sentence_log_prob(const unsigned int* words, TextStats& stats) override;
@@ -61,6 +62,7 @@ private:
     log4cpp::Category* m_pmain_cat;
     std::unique_ptr<NgramTable> m_pngrams;
     std::size_t m_order = 1;
+    std::string m_error;
 };
 
 } // namespace zelvor

@@ -21,6 +21,13 @@ constexpr std::uint32_t NONE = 0xFFFFFFFF;
 constexpr std::size_t REQUIRED_FIELDS = 22;
 constexpr std::ptrdiff_t SEPARATORS = 30;
 
+/// Its first characters; cut so that what is valid stays valid.
+std::string excerpt(std::string_view line) {
+    constexpr std::size_t max_length = 60;
+    const std::u32string text = decode_utf8(line);
+    return encode_utf8(text.substr(0, max_length)) + (text.size() > max_length ? "..." : "");
+}
+
 std::size_t hash_of(std::string_view text) { return std::hash<std::string_view>()(text); }
 
 /// Equal for the entries that a merge may fold, whatever a derived class says of its lemma.
@@ -46,7 +53,7 @@ std::string fault_of(std::string_view line) {
         return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
     if (const std::size_t fields = split_fields(line, "#").size(); fields < REQUIRED_FIELDS)
         return std::to_string(fields) + " of the " + std::to_string(REQUIRED_FIELDS) +
-               " fields that a line must have: " + head(std::string(line), 60);
+               " fields that a line must have: " + excerpt(line);
     return "";
 }
 
@@ -201,8 +208,7 @@ void Lexicon::write(const std::string& filename) const {
         entry->export_latin(os);
         const std::string_view line = os.view();
         if (std::ranges::count(line, '#') != SEPARATORS || line.find('\n') + 1 != line.size() || line.starts_with("//"))
-            throw std::invalid_argument("a value with \"#\" or a line end cannot be written: " +
-                                        head(std::string(line), 200));
+            throw std::invalid_argument("a value with \"#\" or a line end cannot be written: " + excerpt(line));
         file.write(line);
     }
     file.commit();
