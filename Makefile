@@ -12,7 +12,7 @@ help:
 	@echo "make lint     clang-format and clang-tidy over all sources"
 	@echo "make bench    time the converter and the library beside their yardsticks"
 	@echo "make fuzz     look for inputs that break the readers, FUZZ_SECONDS=60 for each of them (clang)"
-	@echo "make coverage tell which lines of tools/, training/ and utils/ no test runs (gcovr)"
+	@echo "make coverage tell which lines of tools/, training/, utils/ and python/ no test runs (gcovr)"
 	@echo "make install  build and install the programs, the library and its headers (PREFIX=/usr/local)"
 	@echo "make package  make the Debian packages in build/package/packages"
 	@echo "make docs     make the API documentation in build/docs/html"
@@ -28,7 +28,10 @@ build: setup
 run: build
 	@scripts/run.sh
 
-check: build
+check:
+	@scripts/setup.sh packages.txt packages-python.txt
+	@cmake --preset release
+	@cmake --build --preset release
 	ctest --preset release
 	cmake --preset sanitize
 	cmake --build --preset sanitize
@@ -43,12 +46,13 @@ clang:
 	cmake --build --preset clang
 	ctest --preset clang
 
-lint: setup
+lint:
+	@scripts/setup.sh packages.txt packages-python.txt
 	@cmake --preset release
 	@scripts/lint.sh
 
-bench: build
-	@scripts/setup.sh packages-bench.txt
+bench:
+	@scripts/setup.sh packages.txt packages-bench.txt packages-python.txt
 	@bench/run.sh
 
 fuzz: setup
@@ -57,18 +61,18 @@ fuzz: setup
 	cmake --build --preset fuzz
 	@fuzz/run.sh
 
-coverage: setup
-	@scripts/setup.sh packages-coverage.txt
+coverage:
+	@scripts/setup.sh packages.txt packages-coverage.txt packages-python.txt
 	cmake --preset coverage
 	cmake --build --preset coverage
 	ctest --preset coverage
-	gcovr --root . --filter tools/ --filter training/ --filter utils/ --exclude-unreachable-branches build/coverage
+	gcovr --root . --filter tools/ --filter training/ --filter utils/ --filter python/ --exclude-unreachable-branches build/coverage
 
 install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")
 
 package:
-	@scripts/setup.sh packages.txt packages-package.txt
+	@scripts/setup.sh packages.txt packages-package.txt packages-python.txt
 	@cmake --preset package
 	@cmake --build --preset package
 	@cmake --build --preset package --target package

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-mapfile -t sources < <(find tools training utils examples tests bench fuzz \( -name '*.cpp' -o -name '*.h' \) 2>/dev/null | sort)
+mapfile -t sources < <(find tools training utils python examples tests bench fuzz \( -name '*.cpp' -o -name '*.h' \) 2>/dev/null | sort)
 clang-format --dry-run --Werror "${sources[@]}"
 
 report=$(mktemp)

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <glibmm/ustring.h>
+
+#include <pybind11/pybind11.h>
+
+#include <string>
+#include <utility>
+
+/// What the binding files share. Each binds one class, or one group of functions, of the module zelvor._zelvor.
+namespace zelvor::python {
+
+namespace py = pybind11;
+
+/// A Python str as UTF-8. Bytes and None are a TypeError, lone surrogates a UnicodeEncodeError (a ValueError).
+struct Text {
+    std::string bytes;
+};
+
+/// A str, bytes or os.PathLike, as the system spells it.
+struct Path {
+    std::string name;
+};
+
+} // namespace zelvor::python
+
+namespace pybind11::detail {
+
+template<>
+struct type_caster<zelvor::python::Text> {
+    PYBIND11_TYPE_CASTER(zelvor::python::Text, const_name("str"));
+
+    bool load(handle source, bool) {
+        if (!PyUnicode_Check(source.ptr()))
+            return false;
+        Py_ssize_t size = 0;
+        const char* const bytes = PyUnicode_AsUTF8AndSize(source.ptr(), &size);
+        if (!bytes)
+            throw error_already_set();
+        value.bytes.assign(bytes, static_cast<std::size_t>(size));
+        return true;
+    }
+    static handle cast(const zelvor::python::Text& text, return_value_policy, handle) {
+        PyObject* const decoded =
+            PyUnicode_DecodeUTF8(text.bytes.data(), static_cast<Py_ssize_t>(text.bytes.size()), nullptr);
+        if (!decoded)
+            throw error_already_set();
+        return decoded;
+    }
+};
+
+template<>
+struct type_caster<zelvor::python::Path> {
+    PYBIND11_TYPE_CASTER(zelvor::python::Path, const_name("str | os.PathLike"));
+
+    bool load(handle source, bool) {
+        PyObject* bytes = nullptr;
+        if (!PyUnicode_FSConverter(source.ptr(), &bytes)) // names the type, or an embedded NUL
+            throw error_already_set();
+        const auto owner = reinterpret_steal<object>(bytes);
+        value.name.assign(PyBytes_AS_STRING(bytes), static_cast<std::size_t>(PyBytes_GET_SIZE(bytes)));
+        return true;
+    }
+};
+
+} // namespace pybind11::detail
+
+namespace zelvor::python {
+
+/// Throws std::system_error, which is an OSError in Python, for a file that could not be read.
+void require_readable(const std::string& filename);
+
+/// What a caller's own container holds; anything but a str is a TypeError.
+inline Text text_of(const py::handle& text) {
+    if (!py::isinstance<py::str>(text))
+        throw py::type_error("a str is needed, not " + py::repr(py::type::of(text)).cast<std::string>());
+    return py::cast<Text>(text);
+}
+
+/// Calls use(text) for each str of an iterable; a str itself would be taken apart, and is a TypeError.
+template<typename Use>
+void for_each_text(const py::iterable& texts, Use use) {
+    if (py::isinstance<py::str>(texts) || py::isinstance<py::bytes>(texts))
+        throw py::type_error("a list of strings is needed, not one string");
+    for (const py::handle text : texts)
+        use(text_of(text).bytes);
+}
+
+void bind_language_model(py::module_& module);
+void bind_lexicon(py::module_& module);
+void bind_rules(py::module_& module);
+void bind_text(py::module_& module);
+void bind_trie(py::module_& module);
+
+} // namespace zelvor::python

@@ -1,0 +1,292 @@
+#include "utils/Lexicon.h"
+#include "python/bindings.h"
+
+#include <pybind11/stl.h>
+
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <shared_mutex>
+#include <vector>
+
+namespace zelvor::python {
+
+namespace {
+
+using Reader = std::string (LexicalEntry::*)() const;
+
+/// What an entry shows as text, in the order of the lexicon line.
+constexpr struct {
+    const char* name;
+    Reader read;
+    const char* meaning;
+} FIELDS[] = {
+    {"superlemma", &LexicalEntry::get_superlemma, "The lemma that this one is listed under."},
+    {"superlemma_pos", &LexicalEntry::get_superlemma_pos, "Part of speech of the superlemma."},
+    {"lemma", &LexicalEntry::get_lemma, "The base form."},
+    {"source", &LexicalEntry::get_source, "Where the record comes from."},
+    {"lemma_pos", &LexicalEntry::get_lemma_pos, "Part of speech of the lemma."},
+    {"form", &LexicalEntry::get_word_form, "The word form, spelled out."},
+    {"case", &LexicalEntry::get_case, "Such as NOMINATIVE."},
+    {"comparison_degree", &LexicalEntry::get_comparison_degree, "Such as POSITIVE."},
+    {"conjugation_type", &LexicalEntry::get_conjugation_type, "Of a verb, such as FIRST."},
+    {"declension_type", &LexicalEntry::get_declension_type, "Of a noun or adjective, such as THIRD."},
+    {"gender", &LexicalEntry::get_gender, "Such as FEMININE."},
+    {"mood", &LexicalEntry::get_mood, "Such as INDICATIVE."},
+    {"number", &LexicalEntry::get_number, "SINGULAR or PLURAL."},
+    {"person", &LexicalEntry::get_person, "PERSON_1 to PERSON_3."},
+    {"pos", &LexicalEntry::get_pos, "Part of speech of the word form."},
+    {"pronoun_type", &LexicalEntry::get_pronoun_type, "Of a pronoun."},
+    {"tense", &LexicalEntry::get_tense, "Such as PRESENT."},
+    {"verb_type", &LexicalEntry::get_verb_type, "Such as REGULAR."},
+    {"voice", &LexicalEntry::get_voice, "ACTIVE or PASSIVE."},
+    {"corpus_frequency", &LexicalEntry::get_corpus_frequency, "Frequency in the corpus, as text."},
+    {"text_frequency", &LexicalEntry::get_text_frequency, "Frequency in texts, as text."},
+    {"created_by", &LexicalEntry::get_created_by, "Who made the record."},
+    {"last_change_by", &LexicalEntry::get_last_change_by, "Who changed it last."},
+    {"error_reported", &LexicalEntry::get_error_reported, "An error reported of the record."},
+    {"lemma_source", &LexicalEntry::get_lemma_source, "Source of the lemma."},
+};
+
+using SourceIterator = std::set<std::string>::iterator (LexicalEntry::*)() const;
+
+/// Which sources attest what.
+constexpr struct {
+    const char* name;
+    SourceIterator begin, end;
+    const char* meaning;
+} SOURCES[] = {
+    {"form_sources", &LexicalEntry::originating_word_forms_source_begin,
+     &LexicalEntry::originating_word_forms_source_end, "Names of the sources that attest the word form, ascending."},
+    {"lemma_sources", &LexicalEntry::originating_lemmas_source_begin, &LexicalEntry::originating_lemmas_source_end,
+     "Names of the sources that attest the lemma, ascending."},
+    {"pos_sources", &LexicalEntry::originating_pos_source_begin, &LexicalEntry::originating_pos_source_end,
+     "Names of the sources that attest the part of speech, ascending."},
+};
+
+/// A lexicon that Python's threads share: whoever reads a file works without Python's lock.
+struct SharedLexicon {
+    Lexicon lexicon;
+    std::shared_mutex mutex;
+};
+using Owner = std::shared_ptr<SharedLexicon>;
+
+/// Calls use(lexicon) while nobody changes it; use must call nothing of Python.
+template<typename Use>
+auto reading(const SharedLexicon& shared, Use use) {
+    auto& mutex = const_cast<std::shared_mutex&>(shared.mutex);
+    std::shared_lock lock(mutex, std::try_to_lock);
+    if (!lock.owns_lock()) {
+        const py::gil_scoped_release unlocked;
+        lock.lock();
+    }
+    return use(shared.lexicon);
+}
+
+/// An entry keeps its lexicon alive.
+struct Entry {
+    Owner owner;
+    const LexicalEntry* entry;
+
+    Text text(Reader read) const {
+        return reading(*owner, [&](const Lexicon&) { return Text{(entry->*read)()}; });
+    }
+    bool operator==(const Entry& other) const { return entry == other.entry; }
+};
+
+struct EntryIterator {
+    Owner owner;
+    std::size_t next = 0;
+};
+
+std::vector<Entry> entries_of(const Owner& owner, const Lexicon::Entries& found) {
+    std::vector<Entry> entries;
+    for (const LexicalEntry* entry : found)
+        entries.push_back({owner, entry});
+    return entries;
+}
+
+using BadLines = std::vector<std::pair<std::size_t, std::string>>;
+using OnBadLine = std::optional<py::function>;
+
+/// Calls change(lexicon, on_bad_line) without Python's lock, then tells Python of the bad lines.
+template<typename Change>
+std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change change) {
+    BadLines bad_lines;
+    Lexicon::BadLine remember;
+    if (on_bad_line)
+        remember = [&](std::size_t number, const std::string& reason) { bad_lines.emplace_back(number, reason); };
+    std::size_t added = 0;
+    {
+        const py::gil_scoped_release unlocked;
+        const std::unique_lock lock(shared.mutex);
+        added = change(shared.lexicon, remember);
+    }
+    for (const auto& [number, reason] : bad_lines)
+        (*on_bad_line)(number,
+                       py::str(PyUnicode_DecodeUTF8(reason.data(), static_cast<Py_ssize_t>(reason.size()), "replace")));
+    return added;
+}
+
+std::size_t read(SharedLexicon& shared, const Path& path, const OnBadLine& on_bad_line) {
+    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& remember) {
+        return lexicon.read(path.name, remember);
+    });
+}
+
+std::size_t merge(SharedLexicon& shared, const Path& path, const Text& source, bool extended,
+                  const OnBadLine& on_bad_line) {
+    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& remember) {
+        return lexicon.merge(path.name, source.bytes, extended, remember);
+    });
+}
+
+Owner make(const std::optional<Path>& path) {
+    auto owner = std::make_shared<SharedLexicon>();
+    if (path)
+        read(*owner, *path, std::nullopt);
+    return owner;
+}
+
+std::vector<Entry> look_up(const Owner& owner, const std::optional<Text>& form, const std::optional<Text>& lemma,
+                           const std::optional<int>& id) {
+    if (form.has_value() + lemma.has_value() + id.has_value() != 1)
+        throw py::type_error("lookup needs one of form, lemma and id");
+    return entries_of(owner, reading(*owner, [&](const Lexicon& lexicon) {
+                          if (form)
+                              return lexicon.find_form(form->bytes);
+                          if (lemma)
+                              return lexicon.find_lemma(lemma->bytes);
+                          const LexicalEntry* const entry = lexicon.find_id(*id);
+                          return entry ? Lexicon::Entries{entry} : Lexicon::Entries();
+                      }));
+}
+
+/// A name that the library would take for standard output is one of a file here.
+void write(const SharedLexicon& shared, const Path& path) {
+    const std::string name = path.name == "-" ? "./-" : path.name;
+    if (name.empty())
+        throw std::system_error(ENOENT, std::generic_category(), name);
+    const py::gil_scoped_release unlocked;
+    const std::shared_lock lock(const_cast<std::shared_mutex&>(shared.mutex));
+    shared.lexicon.write(name);
+}
+
+std::optional<int> id_of(const Entry& entry) {
+    const Text id = entry.text(&LexicalEntry::get_word_form_id);
+    return id.bytes.empty() ? std::nullopt : std::optional(std::atoi(id.bytes.c_str()));
+}
+
+void bind_entry(py::module_& module) {
+    py::class_<Entry> entry(module, "Entry", R"(One analysis of a word form, as a lexicon holds it; "" is unknown.
+
+It keeps its lexicon alive, and changes only by what a merge folds into it.
+
+>>> entry = Lexicon("examples/lexicon.txt").lookup("partes")[0]
+>>> entry.lemma, entry.case, entry.form_sources
+('pars', 'ACCUSATIVE', ['example'])
+)");
+    entry.def_property_readonly("id", id_of, "The word-form id of the lexicon, or None.");
+    for (const auto& [name, field, meaning] : FIELDS)
+        entry.def_property_readonly(
+            name, [field = field](const Entry& self) { return self.text(field); }, meaning);
+    for (const auto& [name, begin, end, meaning] : SOURCES)
+        entry.def_property_readonly(
+            name,
+            [begin = begin, end = end](const Entry& self) {
+                return reading(*self.owner, [&](const Lexicon&) {
+                    std::vector<Text> names;
+                    for (auto it = (self.entry->*begin)(); it != (self.entry->*end)(); ++it)
+                        names.push_back({*it});
+                    return names;
+                });
+            },
+            meaning);
+    entry
+        .def(
+            "__eq__", [](const Entry& self, const Entry& other) { return self == other; }, py::is_operator())
+        .def("__hash__", [](const Entry& self) { return std::hash<const LexicalEntry*>()(self.entry); })
+        .def("__repr__", [](const Entry& self) {
+            return Text{"<Entry " + self.text(&LexicalEntry::get_word_form).bytes + ": " +
+                        self.text(&LexicalEntry::get_lemma).bytes + " " + self.text(&LexicalEntry::get_pos).bytes +
+                        ">"};
+        });
+}
+
+} // namespace
+
+void bind_lexicon(py::module_& module) {
+    bind_entry(module);
+    py::class_<EntryIterator>(module, "EntryIterator", "Goes on with what is added meanwhile.")
+        .def("__iter__", [](EntryIterator& self) -> EntryIterator& { return self; })
+        .def("__next__", [](EntryIterator& self) {
+            const LexicalEntry* const entry = reading(*self.owner, [&](const Lexicon& lexicon) {
+                return self.next < lexicon.size() ? lexicon.entries()[self.next] : nullptr;
+            });
+            if (!entry)
+                throw py::stop_iteration();
+            ++self.next;
+            return Entry{self.owner, entry};
+        });
+    const auto entries = [](const Owner& self) { return EntryIterator{self}; };
+    py::class_<SharedLexicon, Owner>(module, "Lexicon", R"(Entries of word forms, in the order in which they were added.
+
+Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
+and the lexicon is as it was; with on_bad_line, such lines are left out, and it is called afterwards with the number of
+each and what is wrong. Threads may share a lexicon.
+
+>>> lexicon = Lexicon("examples/lexicon.txt")
+>>> len(lexicon)
+103
+)")
+        .def(py::init(&make), py::arg("path") = py::none())
+        .def("read", &read, py::arg("path"), py::kw_only(), py::arg("on_bad_line") = py::none(),
+             R"(Appends an entry for each line of a file and returns how many; nothing is folded.
+
+>>> Lexicon().read("examples/lexicon.txt")
+103
+)")
+        .def("merge", &merge, py::arg("path"), py::kw_only(), py::arg("source") = "", py::arg("extended") = true,
+             py::arg("on_bad_line") = py::none(),
+             R"(Adds the entries of a file and returns how many were new.
+
+An entry that describes an analysis that is there is folded into it: it fills its gaps (mood, tense and voice excepted)
+and adds its sources. Unless extended, only lemma, form and part of speech are compared. source is added to the sources
+of form, lemma and part of speech.
+
+>>> lexicon = Lexicon("examples/lexicon.txt")
+>>> lexicon.merge("examples/glossary.txt", source="glossary")
+1
+>>> lexicon.lookup("partes")[0].form_sources
+['example', 'glossary']
+)")
+        .def("lookup", &look_up, py::arg("form") = py::none(), py::kw_only(), py::arg("lemma") = py::none(),
+             py::arg("id") = py::none(),
+             R"(The entries of a form, of a lemma, or of a word-form id (at most one), in the order added.
+
+>>> [entry.form for entry in Lexicon("examples/lexicon.txt").lookup(lemma="pars")]
+['partes', 'partes', 'partem']
+)")
+        .def("entries", entries, R"(All entries, in the order added.
+
+>>> next(Lexicon("examples/lexicon.txt").entries())
+<Entry Gallia: Gallia Noun>
+)")
+        .def("__iter__", entries)
+        .def("__len__",
+             [](const SharedLexicon& self) {
+                 return reading(self, [](const Lexicon& lexicon) { return lexicon.size(); });
+             })
+        .def("write", &write, py::arg("path"),
+             R"(Writes a line for each entry. The file is there when it is complete, and not before.
+
+A value with # or a line end is a ValueError, since it could not be read back.
+
+>>> Lexicon("examples/lexicon.txt").write("copy.txt")
+>>> len(Lexicon("copy.txt"))
+103
+)");
+}
+
+} // namespace zelvor::python

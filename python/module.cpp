@@ -1,0 +1,55 @@
+#include "python/bindings.h"
+
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+namespace zelvor::python {
+
+namespace {
+
+/// OSError(number, message, file name) makes itself the right subclass.
+void raise_os_error(const std::system_error& error) {
+    const std::string what = error.what(), message = ": " + error.code().message();
+    const std::string name = what.ends_with(message) ? what.substr(0, what.size() - message.size()) : what;
+    const auto filename = py::reinterpret_steal<py::object>(
+        PyUnicode_DecodeFSDefaultAndSize(name.data(), static_cast<Py_ssize_t>(name.size())));
+    const py::object type = py::reinterpret_borrow<py::object>(PyExc_OSError);
+    const py::object raised = type(error.code().value(), error.code().message(), filename);
+    PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
+}
+
+void translate(std::exception_ptr pexception) {
+    try {
+        if (pexception)
+            std::rethrow_exception(pexception);
+    } catch (const std::system_error& error) {
+        raise_os_error(error);
+    }
+}
+
+} // namespace
+
+void require_readable(const std::string& filename) {
+    errno = 0;
+    std::ifstream file(filename, std::ios::binary);
+    file.peek();
+    if (!file.is_open() || file.bad())
+        throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
+}
+
+} // namespace zelvor::python
+
+PYBIND11_MODULE(_zelvor, module) {
+    using namespace zelvor::python;
+    py::options options;
+    options.disable_function_signatures(); // the stub has them
+    py::register_local_exception_translator(translate);
+    module.doc() = "The compiled part of zelvor.";
+    module.attr("__version__") = ZELVOR_VERSION;
+    bind_language_model(module);
+    bind_lexicon(module);
+    bind_rules(module);
+    bind_text(module);
+    bind_trie(module);
+}

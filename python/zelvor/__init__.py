@@ -1,0 +1,45 @@
+"""Lexica, letter tries, rules and language models for people who train taggers, Latin first.
+
+>>> from zelvor import Trie
+>>> Trie(["agricola", "nauta"]).fuzzy("agricela")
+[('agricola', 0.0)]
+"""
+
+from ._zelvor import (
+    Entry,
+    LanguageModel,
+    Lexicon,
+    Rules,
+    Trie,
+    __version__,
+    contains_latin_letters,
+    contains_letters,
+    edit_distance,
+    is_adjective,
+    is_cardinal_number,
+    is_modal,
+    is_noun,
+    is_ordinal_number,
+    is_roman_numeral,
+    is_verb,
+    normalize_case,
+)
+
+__all__ = [
+    "Entry",
+    "LanguageModel",
+    "Lexicon",
+    "Rules",
+    "Trie",
+    "contains_latin_letters",
+    "contains_letters",
+    "edit_distance",
+    "is_adjective",
+    "is_cardinal_number",
+    "is_modal",
+    "is_noun",
+    "is_ordinal_number",
+    "is_roman_numeral",
+    "is_verb",
+    "normalize_case",
+]
