@@ -1,5 +1,5 @@
-# make package: the Debian packages zelvor, libzelvor0.1 and libzelvor-dev. The build must have been configured with the
-# prefix /usr, as the preset package does.
+# make package: the Debian packages zelvor, libzelvor0.1, libzelvor-dev and python3-zelvor. The build must have been
+# configured with the prefix /usr, as the preset package does.
 set(ZELVOR_MAINTAINER "The zelvor developers <zelvor@localhost>" CACHE STRING "Who makes the packages: name <mail>")
 set(library_package libzelvor${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set(CPACK_GENERATOR DEB)
@@ -8,6 +8,9 @@ set(CPACK_PACKAGE_CONTACT "${ZELVOR_MAINTAINER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_COMPONENTS_ALL runtime library development)
+if(TARGET zelvor_python)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -47,9 +50,19 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 Headers, the static library, and what CMake and pkg-config need to build
 programs that use libzelvor.")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-zelvor)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS # the compiled part is that of one minor version
+    "python3 (>= ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR}), python3 (<< ${Python_VERSION_MAJOR}.${next_minor})")
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+"lexica, letter tries, rules and language models (Python module)
+Reads, merges and writes lexica whose entries remember their sources, looks
+words up with errors, splits compounds, and scores sentences.")
+
 # What every Debian package carries; no other installation has it.
 configure_file(cmake/debian/changelog.in debian/changelog @ONLY)
-foreach(component RUNTIME LIBRARY DEVELOPMENT)
+foreach(component RUNTIME LIBRARY DEVELOPMENT PYTHON)
     string(TOLOWER ${component} name)
     install(FILES ${PROJECT_BINARY_DIR}/debian/changelog cmake/debian/copyright
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME}
