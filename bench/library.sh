@@ -6,7 +6,9 @@ cd "$(dirname "$0")/.."
 cmake --preset release -DZELVOR_BENCH=ON >/dev/null
 cmake --build --preset release -- -j2 >/dev/null
 for program in build/release/bench/*_bench; do
-    [ "${program##*/}" != growth_bench ] || continue # bench/growth.sh runs it
+    case ${program##*/} in
+    growth_bench | python_bench) continue ;; # bench/growth.sh and bench/python.sh run them
+    esac
     printf '\n== %s\n' "${program##*/}"
     "$program"
 done

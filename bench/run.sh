@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 mkdir -p build
-for script in programs library growth; do
+for script in programs library growth python; do
     printf '\n== %s\n' "$script"
     "bench/$script.sh"
 done | tee build/bench.txt

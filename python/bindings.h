@@ -77,6 +77,14 @@ inline Text text_of(const py::handle& text) {
     return py::cast<Text>(text);
 }
 
+/// A str of UTF-8.
+inline py::str to_str(const std::string& text) {
+    PyObject* const decoded = PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), nullptr);
+    if (!decoded)
+        throw py::error_already_set();
+    return py::reinterpret_steal<py::str>(decoded);
+}
+
 /// Calls use(text) for each str of an iterable; a str itself would be taken apart, and is a TypeError.
 template<typename Use>
 void for_each_text(const py::iterable& texts, Use use) {

@@ -15,7 +15,7 @@ namespace zelvor::python {
 namespace {
 
 using WeightTable = LetterTrieNode::WeightTable;
-using Match = std::pair<Text, double>;
+using Match = std::pair<double, Glib::ustring>;
 using Splitting = std::vector<Text>;
 
 /// The table is ordered by pairs with the lower code point first.
@@ -67,21 +67,24 @@ public:
         return words;
     }
 
-    std::vector<Match> fuzzy(const Text& word, double budget, unsigned int start, double weight_end) const {
+    py::list fuzzy(const Text& word, double budget, unsigned int start, double weight_end) const {
         if (std::isnan(budget) || std::isnan(weight_end))
             throw py::value_error("a budget and a weight are numbers");
         LetterTrieNode::FuzzyMatches found;
         const std::unique_ptr<LetterTrieNode::FuzzyMatches, void (*)(LetterTrieNode::FuzzyMatches*)> owner(
             &found, LetterTrieNode::delete_mem);
-        m_nodes->lookup_string_fuzzy_weighted(word.bytes, 0, budget, found, start, weight_end, &m_weights);
-        std::vector<Match> matches;
-        matches.reserve(found.size());
-        for (const auto* match : found)
-            matches.emplace_back(Text{match->second.raw()}, match->first);
-        std::ranges::sort(matches, [](const Match& a, const Match& b) {
-            return a.second != b.second ? a.second > b.second : a.first.bytes < b.first.bytes;
+        {
+            const py::gil_scoped_release unlocked;
+            m_nodes->lookup_string_fuzzy_weighted(word.bytes, 0, budget, found, start, weight_end, &m_weights);
+        }
+        std::vector<const Match*> matches(found.begin(), found.end());
+        std::ranges::sort(matches, [](const Match* a, const Match* b) {
+            return a->first != b->first ? a->first > b->first : a->second.raw() < b->second.raw();
         });
-        return matches;
+        py::list list(matches.size());
+        for (std::size_t i = 0; i < matches.size(); ++i)
+            list[i] = py::make_tuple(to_str(matches[i]->second.raw()), matches[i]->first);
+        return list;
     }
 
     std::vector<Splitting> segment(const Text& word, std::uint64_t limit) const {
@@ -155,7 +158,7 @@ word, and the wrong one; so they have no say in a first letter. A trie does not 
         .def("__contains__", &Trie::contains)
         .def("__len__", &Trie::size)
         .def("fuzzy", &Trie::fuzzy, py::arg("word"), py::arg("budget") = 1.0, py::kw_only(), py::arg("start") = 0,
-             py::arg("weight_end") = 1.0, Unlocked(),
+             py::arg("weight_end") = 1.0,
              R"(The stored words within a budget of edits, each with the budget left, best first.
 
 A letter that is wrong, missing, too many, or exchanged with the next costs 1 (see weights); one that is too many behind
