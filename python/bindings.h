@@ -90,8 +90,11 @@ template<typename Use>
 void for_each_text(const py::iterable& texts, Use use) {
     if (py::isinstance<py::str>(texts) || py::isinstance<py::bytes>(texts))
         throw py::type_error("a list of strings is needed, not one string");
-    for (const py::handle text : texts)
+    for (const py::handle text : texts) {
+        if (PyErr_CheckSignals() != 0) // Ctrl-C
+            throw py::error_already_set();
         use(text_of(text).bytes);
+    }
 }
 
 void bind_language_model(py::module_& module);

@@ -52,4 +52,6 @@ PYBIND11_MODULE(_zelvor, module) {
     bind_rules(module);
     bind_text(module);
     bind_trie(module);
+    for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Rules", "Trie"})
+        module.attr(name).attr("__module__") = "zelvor"; // where users find them
 }

@@ -33,9 +33,9 @@ std::string key_of(const py::handle& pair) {
     return encode_utf8(characters);
 }
 
-WeightTable weight_table(const std::optional<py::dict>& weights) {
+WeightTable weight_table(const py::object& weights) {
     WeightTable table;
-    for (const auto& [pair, value] : weights.value_or(py::dict())) {
+    for (const auto& [pair, value] : weights.is_none() ? py::dict() : py::dict(weights)) {
         const double weight = PyFloat_AsDouble(value.ptr());
         if (PyErr_Occurred())
             throw py::error_already_set();
@@ -49,7 +49,7 @@ WeightTable weight_table(const std::optional<py::dict>& weights) {
 /// A trie that owns its nodes and does not change once it is made, so that threads may share it.
 class Trie {
 public:
-    Trie(const py::iterable& words, const std::optional<py::dict>& weights) : m_weights(weight_table(weights)) {
+    Trie(const py::iterable& words, const py::object& weights) : m_weights(weight_table(weights)) {
         for_each_text(words, [&](const std::string& word) { m_nodes->store_string(word, 0); });
     }
 
@@ -153,8 +153,7 @@ word, and the wrong one; so they have no say in a first letter. A trie does not 
 >>> "agri" in trie, len(trie)
 (True, 3)
 )")
-        .def(py::init<const py::iterable&, const std::optional<py::dict>&>(), py::arg("words"),
-             py::arg("weights") = py::none())
+        .def(py::init<const py::iterable&, const py::object&>(), py::arg("words"), py::arg("weights") = py::none())
         .def("__contains__", &Trie::contains)
         .def("__len__", &Trie::size)
         .def("fuzzy", &Trie::fuzzy, py::arg("word"), py::arg("budget") = 1.0, py::kw_only(), py::arg("start") = 0,

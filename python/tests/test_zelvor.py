@@ -123,6 +123,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (ValueError, lambda: Trie(["a"], {("a", "b"): -1})),
     (TypeError, lambda: Trie(["a"], {"ab": "x"})),
     (TypeError, lambda: Trie(["a"], {5: 1})),
+    (TypeError, lambda: Trie(["a"], 5)),
     (ValueError, lambda: Trie(["aaa", "aaaa"]).segment("a" * 100_000)),
     (FileNotFoundError, lambda: Lexicon("missing")),
     (IsADirectoryError, lambda: Lexicon(".")),
