@@ -36,7 +36,7 @@ constexpr struct {
     {"mood", &LexicalEntry::get_mood, "Such as INDICATIVE."},
     {"number", &LexicalEntry::get_number, "SINGULAR or PLURAL."},
     {"person", &LexicalEntry::get_person, "PERSON_1 to PERSON_3."},
-    {"pos", &LexicalEntry::get_pos, "Part of speech of the word form."},
+    {"pos", &LexicalEntry::get_pos, "The tag of this form."},
     {"pronoun_type", &LexicalEntry::get_pronoun_type, "Of a pronoun."},
     {"tense", &LexicalEntry::get_tense, "Such as PRESENT."},
     {"verb_type", &LexicalEntry::get_verb_type, "Such as REGULAR."},
@@ -58,11 +58,11 @@ constexpr struct {
     const char* meaning;
 } SOURCES[] = {
     {"form_sources", &LexicalEntry::originating_word_forms_source_begin,
-     &LexicalEntry::originating_word_forms_source_end, "Names of the sources that attest the word form, ascending."},
+     &LexicalEntry::originating_word_forms_source_end, "Names of the sources that have the form, ascending."},
     {"lemma_sources", &LexicalEntry::originating_lemmas_source_begin, &LexicalEntry::originating_lemmas_source_end,
-     "Names of the sources that attest the lemma, ascending."},
+     "Names of the sources that have the lemma, ascending."},
     {"pos_sources", &LexicalEntry::originating_pos_source_begin, &LexicalEntry::originating_pos_source_end,
-     "Names of the sources that attest the part of speech, ascending."},
+     "Names of the sources that have the tag, ascending."},
 };
 
 /// A lexicon that Python's threads share: whoever reads a file works without Python's lock.
@@ -230,7 +230,7 @@ void bind_lexicon(py::module_& module) {
             return Entry{self.owner, entry};
         });
     const auto entries = [](const Owner& self) { return EntryIterator{self}; };
-    py::class_<SharedLexicon, Owner>(module, "Lexicon", R"(Entries of word forms, in the order in which they were added.
+    py::class_<SharedLexicon, Owner>(module, "Lexicon", R"(Analyses of word forms, the first added first.
 
 Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
 and the lexicon is as it was; with on_bad_line, such lines are left out, and it is called afterwards with the number of

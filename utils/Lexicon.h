@@ -12,7 +12,7 @@
 
 namespace zelvor {
 
-/// A lexicon that owns its Latin entries, in the order in which they were added. Adding folds as LexicalEntry::merge
+/// A lexicon that owns its Latin entries, the first added first. Adding folds as LexicalEntry::merge
 /// does with all entries in one map, but in a time that does not grow with the entries of the lemma. Entries never
 /// leave and keep their address; they change only by what is folded into them. What is const may be called by several
 /// threads at once.
