@@ -12,10 +12,9 @@
 
 namespace zelvor {
 
-/// A lexicon that owns its Latin entries, the first added first. Adding folds as LexicalEntry::merge
-/// does with all entries in one map, but in a time that does not grow with the entries of the lemma. Entries never
-/// leave and keep their address; they change only by what is folded into them. What is const may be called by several
-/// threads at once.
+/// A lexicon that owns its Latin entries, the first added first. Adding folds as LexicalEntry::merge does with all
+/// entries in one map, but in a time that does not grow with the entries of the lemma. Entries never leave and keep
+/// their address; they change only by what is folded into them. What is const may be called by several threads at once.
 class Lexicon {
 public:
     using Entries = std::vector<const LexicalEntry*>; ///< of the lexicon, valid as long as it is
@@ -28,7 +27,7 @@ public:
     /// unless on_bad_line is there to be told of it. The lexicon is then as it was.
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
-    /// As read(), but each entry is added, its word form, lemma and part of speech attested by `source` (unless empty).
+    /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.
     /// Returns how many were new. A source with "#", "," or a line end throws std::invalid_argument.
     std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
                       const BadLine& on_bad_line = {});
