@@ -61,6 +61,8 @@ std::string fault_of(std::string_view line) {
 std::vector<std::string_view> entry_lines(std::string_view text, const std::string& filename,
                                           const Lexicon::BadLine& on_bad_line) {
     std::vector<std::string_view> lines;
+    if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark)) // as some editors put it in front
+        text.remove_prefix(mark.size());
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = text.substr(0, end);

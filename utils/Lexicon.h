@@ -21,10 +21,10 @@ public:
     /// What is told of a line that is left out: its number, from 1, and what is wrong with it.
     using BadLine = std::function<void(std::size_t number, const std::string& reason)>;
 
-    /// Appends an entry for each line of a file of lexicon lines (docs/formats.md), folding none of them; comments and
-    /// blank lines are passed over. Returns the number of entries. Throws std::system_error when the file cannot be
-    /// read, and std::invalid_argument, which names file and line, for a line of fewer than 22 fields or not in UTF-8,
-    /// unless on_bad_line is there to be told of it. The lexicon is then as it was.
+    /// Appends an entry for each line of a file of lexicon lines (docs/formats.md), folding none of them; comments,
+    /// blank lines and a byte order mark are passed over. Returns the number of entries. Throws std::system_error when
+    /// the file cannot be read, and std::invalid_argument, which names file and line, for a line of fewer than 22
+    /// fields or not in UTF-8, unless on_bad_line is there to be told of it. The lexicon is then as it was.
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.

@@ -63,8 +63,9 @@ TEST(Lexicon, AddingFoldsAsMergingOnOneMapDoes) {
 
 TEST(Lexicon, FilesAreMergedLookedUpAndWritten) {
     const TemporaryDirectory folder;
-    const std::string first = folder.write("first", "// am\n\n" + line_of({{4, "am"}, {8, "amat"}, {17, "V"}}) +
-                                                        "\r\n" + line_of({{4, "am"}, {7, "07"}, {8, "am"}, {17, "V"}}));
+    const std::string first =
+        folder.write("first", "\xEF\xBB\xBF// am\n\n" + line_of({{4, "am"}, {8, "amat"}, {17, "V"}}) + "\r\n" +
+                                  line_of({{4, "am"}, {7, "07"}, {8, "am"}, {17, "V"}}));
     const std::string second = folder.write("second", line_of({{4, "am"}, {7, "8"}, {8, "-at"}}) + "\n" +
                                                           line_of({{4, "x"}, {7, "9"}, {8, "amat"}}) + "\n");
     Lexicon lexicon;
