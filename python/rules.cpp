@@ -11,13 +11,23 @@ namespace zelvor::python {
 
 namespace {
 
-void require_utf8(const std::string& filename) {
+/// Why a line is hardly meant as a rule; empty where it may be.
+const char* fault_of(const std::string& line) {
+    if (!is_valid_utf8(line))
+        return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
+    if (line.ends_with('\r'))
+        return "a carriage return at the end would belong to the rule; remove it, for instance with sed 's/\\r$//'";
+    if (line.starts_with('<'))
+        return "this looks like XML; rules with features can be read in C++ only";
+    return "";
+}
+
+void check_lines(const std::string& filename) {
     std::size_t number = 0;
     for_each_line(filename, [&](const std::string& line) {
         ++number;
-        if (!is_valid_utf8(line))
-            throw std::invalid_argument(filename + ":" + std::to_string(number) +
-                                        ": not in UTF-8; convert the file, for instance with iconv");
+        if (const std::string fault = fault_of(line); !fault.empty())
+            throw std::invalid_argument(filename + ":" + std::to_string(number) + ": " + fault);
     });
 }
 
@@ -25,7 +35,7 @@ class Rules {
 public:
     explicit Rules(const Path& path) {
         require_readable(path.name);
-        require_utf8(path.name);
+        check_lines(path.name);
         parse_rules(path.name, m_rules, nullptr);
     }
     ~Rules() { delete_rules(m_rules); }
@@ -53,7 +63,7 @@ void bind_rules(py::module_& module) {
     py::class_<Rules>(module, "Rules", R"(Suffix rules that make word forms, read from a file.
 
 A line is "conclusion premise": what ends with the premise has it replaced by the conclusion; a conclusion alone is
-appended.
+appended. A line that is hardly meant as a rule is a ValueError with file and line.
 
 >>> len(Rules("examples/english/plurals.txt")) > 0
 True

@@ -140,6 +140,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: pickle.dumps(Trie(["a"]))),
     (FileNotFoundError, lambda: Rules("missing")),
     (ValueError, lambda: Rules("binary")),
+    (ValueError, lambda: Rules("examples/english/forms.xml")),
     (FileNotFoundError, lambda: LanguageModel("missing")),
     (ValueError, lambda: LanguageModel("binary")),
     (TypeError, lambda: LanguageModel("examples/candidates/lemmas.arpa").score("dux")),
