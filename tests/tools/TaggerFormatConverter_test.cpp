@@ -1,22 +1,16 @@
 #include "tools/TaggerFormatConverter.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 
-#include <gmock/gmock.h>
 #include <log4cpp/Category.hh>
 #include <log4cpp/OstreamAppender.hh>
 
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
-#include <sstream>
-#include <tuple>
 
 #include <sys/stat.h>
 
 namespace zelvor {
-namespace {
 
 std::string word(const std::string& text, const std::string& id) {
     return "<w lemma=\"x{'ls':[{'name':'l','wfs':[{'id':" + id + "}]}]}x\">" + text + "</w>";
@@ -89,5 +83,4 @@ TEST_F(Converter, LinesLostInWritingAreLogged) {
     EXPECT_EQ(directory.read("out"), "\n");
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,14 +1,8 @@
 #include "training/CrfTrainingTeiSaxParser.h"
 
-#include "tests/captured_log.h"
-
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <tuple>
+#include "tests/testing.h"
 
 namespace zelvor {
-namespace {
 
 /// Parses documents and gives their sentences as "form lemma pos;...|..." text, everything that was read freed.
 class TeiReader : public testing::Test {
@@ -148,5 +142,4 @@ TEST_F(TeiReader, ErrorsAreTwoRecordsEachAndTheLexiconMayBeMissing) {
         EXPECT_TRUE(log.has(text)) << log.records.str();
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,10 +1,7 @@
 #include "training/TagLexicon.h"
 
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
 #include <system_error>
 
 namespace zelvor {

@@ -1,8 +1,6 @@
 #include "training/token_line.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "tests/testing.h"
 
 namespace zelvor {
 

@@ -1,14 +1,12 @@
 #include "utils/ArpaLM.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
+
 #include "utils/common_utils/text.h"
 
 #include <boost/regex.hpp>
-#include <gtest/gtest.h>
 
 namespace zelvor {
-namespace {
 
 // Read backwards inside each section; "sum et" is a context without a line of its own.
 const std::string MODEL = "made by hand\n"
@@ -101,5 +99,4 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
     EXPECT_NEAR(score("rex"), -1.5, 1e-6);
 }
 
-} // namespace
 } // namespace zelvor

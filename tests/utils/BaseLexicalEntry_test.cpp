@@ -1,17 +1,12 @@
 #include "utils/BaseLexicalEntry.h"
 
-#include <gtest/gtest.h>
-#include <libxml++/libxml++.h>
+#include "tests/testing.h"
 
-#include <array>
-#include <sstream>
-#include <stdexcept>
-#include <tuple>
+#include <libxml++/libxml++.h>
 
 #include <unistd.h>
 
 namespace zelvor {
-namespace {
 
 TEST(BaseLexicalEntry, AbbreviatesAgainstTheLemma) {
     // Only the constructor abbreviates against an empty lemma, and a leading "-" always reads as abbreviated.
@@ -89,5 +84,4 @@ TEST(Oanc, SpansTellTheirOffsetsAndKeepTheLastTag) {
     }
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,11 +1,8 @@
 #include "utils/OriginatingLexicalEntryRepresentation.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "tests/testing.h"
 
 namespace zelvor {
-namespace {
 
 using Entry = OriginatingLexicalEntryRepresentation;
 using Values = Entry::Values;
@@ -54,5 +51,4 @@ TEST(Provenance, MergeFoldsEqualFormsAndPrintsAllWhereEverySourceAttestsAValue) 
     Entry::num_sources = before;
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,12 +1,8 @@
 #include "utils/WordFormContainer.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <tuple>
+#include "tests/testing.h"
 
 namespace zelvor {
-namespace {
 
 using Candidates = WordFormContainer::Candidates;
 
@@ -50,5 +46,4 @@ TEST(WordFormContainer, AskingForAFeatureEntersItAndACopyOwnsNoEmbeddings) {
     EXPECT_EQ(container.get_word_embeddings()[1], 2);
 }
 
-} // namespace
 } // namespace zelvor

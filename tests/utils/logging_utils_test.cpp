@@ -1,10 +1,6 @@
 #include "utils/logging_utils.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 #include <unistd.h>
 

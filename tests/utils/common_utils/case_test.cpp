@@ -1,11 +1,8 @@
 #include "utils/common_utils/case.h"
 
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 #include <cctype>
-#include <tuple>
-
-using namespace std::string_literals;
 
 namespace zelvor {
 

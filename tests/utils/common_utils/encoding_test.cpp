@@ -1,13 +1,10 @@
 #include "utils/common_utils/encoding.h"
 
+#include "tests/testing.h"
+
 #include "utils/common_utils/text.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
-#include <tuple>
-
-using namespace std::string_literals;
 
 namespace zelvor {
 

@@ -1,10 +1,7 @@
 #include "utils/common_utils/numbers.h"
 
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
 #include <locale>
 
 namespace zelvor {

@@ -1,12 +1,9 @@
 #include "utils/common_utils/object_pool.h"
 
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 #include <cstring>
-#include <set>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace zelvor {
 

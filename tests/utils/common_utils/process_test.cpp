@@ -1,7 +1,6 @@
 #include "utils/common_utils/process.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 
 namespace zelvor {
 

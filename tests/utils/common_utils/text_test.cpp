@@ -1,14 +1,10 @@
 #include "utils/common_utils/text.h"
 
-#include "tests/captured_log.h"
+#include "tests/testing.h"
+
 #include "utils/common_utils/utf8.h"
 
-#include <map>
-#include <tuple>
-
 namespace zelvor {
-
-using Strings = std::vector<std::string>;
 
 TEST(Text, SearchNeverTriesTheLastFittingPlace) {
     // An end before the pattern's length wraps round, and still reads nothing beyond the text.

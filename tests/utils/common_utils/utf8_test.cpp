@@ -1,9 +1,6 @@
 #include "utils/common_utils/utf8.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
+#include "tests/testing.h"
 
 using namespace std::string_view_literals;
 

@@ -1,6 +1,6 @@
 #include "utils/common_utils/xml.h"
 
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 #include <libxml++/libxml++.h>
 

@@ -1,20 +1,13 @@
 #include "utils/lexicon_utils/candidates.h"
 
-#include "tests/captured_log.h"
+#include "tests/testing.h"
+
 #include "utils/BaseLexicalEntry.h"
 #include "utils/LMScoreFunctor.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <tuple>
-
 namespace zelvor {
-namespace {
 
 using Candidates = WordFormContainer::Candidates;
-using Strings = std::vector<std::string>;
 
 // The index of a word is its place in the list; a sentence scores what is set for its last word, or 0.
 struct ListModel : Vocab, LM {
@@ -155,5 +148,4 @@ TEST(LemmasOfAWordForm, SuffixBehindTheCommonPartAndUniquePartOfSpeech) {
     EXPECT_EQ(get_pos(entries, "amor"), "");
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,14 +1,11 @@
 #include "utils/lexicon_utils/lemmatizer_calls.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
+
 #include "utils/WordFormContainer.h"
 #include "utils/common_utils/text.h"
 
-#include <gtest/gtest.h>
-
 namespace zelvor {
-namespace {
 
 std::string list(WordFormContainer::Candidates::iterator begin, WordFormContainer::Candidates::iterator end) {
     std::string text;
@@ -139,5 +136,4 @@ TEST_F(ExternalPrograms, SurviveWhateverComesBack) {
     output();
 }
 
-} // namespace
 } // namespace zelvor

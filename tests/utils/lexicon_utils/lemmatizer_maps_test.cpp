@@ -1,7 +1,7 @@
 #include "utils/lexicon_utils/lemmatizer_maps.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
+
 #include "utils/BaseLexicalEntry.h"
 
 namespace zelvor {

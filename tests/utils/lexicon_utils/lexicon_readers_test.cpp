@@ -1,15 +1,10 @@
 #include "utils/lexicon_utils/lexicon_readers.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
+
 #include "utils/LexicalEntry.h"
 
-#include <stdexcept>
-
 namespace zelvor {
-namespace {
-
-using Words = std::set<std::string>;
 
 TEST(LexiconReaders, TrimmedWordsAndStatistics) {
     const TemporaryDirectory directory;
@@ -84,5 +79,4 @@ TEST(LexiconReaders, CasesOfEndingsAndOfTheLexicon) {
     EXPECT_EQ(cases, Words{""});
 }
 
-} // namespace
 } // namespace zelvor

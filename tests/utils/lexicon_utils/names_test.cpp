@@ -1,13 +1,10 @@
 #include "utils/lexicon_utils/names.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "tests/testing.h"
 
 extern "C" int wninit();
 
 namespace zelvor {
-namespace {
 
 struct Names : testing::Test {
     static void SetUpTestSuite() { ASSERT_EQ(wninit(), 0) << "the WordNet database is missing"; }
@@ -51,5 +48,4 @@ TEST_F(Names, Recognizers) {
             << word;
 }
 
-} // namespace
 } // namespace zelvor

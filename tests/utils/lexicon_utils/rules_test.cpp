@@ -1,23 +1,17 @@
 #include "utils/lexicon_utils/rules.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
+
 #include "utils/EnglishLexicalEntry.h"
 
-#include <gtest/gtest.h>
 #include <libxml++/libxml++.h>
 
 #include <fstream>
-#include <stdexcept>
 #include <thread>
-#include <tuple>
 
 #include <sys/stat.h>
 
 namespace zelvor {
-namespace {
-
-using Strings = std::vector<std::string>;
 
 /// The rules of a list as "conclusion/premise".
 Strings texts(const std::vector<Rule*>& rules) {
@@ -137,5 +131,4 @@ TEST(RulesWithFeatures, UnreadableFilesAreEmptyAndBadXmlThrows) {
     EXPECT_TRUE(map.contains("NN"));
 }
 
-} // namespace
 } // namespace zelvor

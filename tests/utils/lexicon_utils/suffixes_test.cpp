@@ -1,12 +1,11 @@
 #include "utils/lexicon_utils/suffixes.h"
 
+#include "tests/testing.h"
+
 #include "utils/LetterTrieNode.h"
 #include "utils/LexicalEntry.h"
 
-#include <gtest/gtest.h>
-
 namespace zelvor {
-namespace {
 
 struct Endings : testing::Test {
     Endings() { // c, bc, abc and dabc, each less than a third as frequent as the one before; ing with and without lk
@@ -46,5 +45,4 @@ TEST_F(Endings, BecomeSuffixesOfGrowingLength) {
     EXPECT_EQ(entry.get_suffix1(), "ing");
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,11 +1,8 @@
 #include "utils/lexicon_utils/verbs.h"
 
+#include "tests/testing.h"
+
 #include "utils/EnglishLexicalEntry.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
-#include <string>
 
 namespace zelvor {
 

@@ -1,8 +1,6 @@
 #include "utils/lexicon_utils/word_classes.h"
 
-#include <gtest/gtest.h>
-
-using namespace std::string_literals;
+#include "tests/testing.h"
 
 namespace zelvor {
 
