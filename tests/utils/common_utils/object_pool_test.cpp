@@ -10,19 +10,19 @@ namespace zelvor {
 TEST(ObjectPool, ObjectsDoNotOverlapAndReleasedOnesAreUsedAgain) {
     constexpr std::size_t size = 1928, count = 4000; // several blocks
     ObjectPool pool(size);
-    std::vector<void*> objects[2];
+    std::vector<char*> objects[2];
     const auto fill = [&](int t) {
         for (std::size_t i = 0; i < count; ++i)
-            objects[t].push_back(std::memset(pool.allocate(), t + 1, size));
+            objects[t].push_back(static_cast<char*>(std::memset(pool.allocate(), t + 1, size)));
     };
     std::thread other(fill, 1);
     fill(0);
     other.join();
     std::set<const void*> distinct;
     for (int t = 0; t < 2; ++t)
-        for (void* const object : objects[t]) {
+        for (const char* const object : objects[t]) {
             distinct.insert(object);
-            EXPECT_EQ(std::string(static_cast<char*>(object), size), std::string(size, static_cast<char>(t + 1)));
+            EXPECT_EQ(std::string(object, size), std::string(size, static_cast<char>(t + 1)));
         }
     EXPECT_EQ(distinct.size(), 2 * count);
     pool.release(nullptr);
