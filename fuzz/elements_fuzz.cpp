@@ -8,7 +8,6 @@
 #include <libxml++/libxml++.h>
 
 namespace zelvor::fuzz {
-namespace {
 
 void check(xmlpp::Element& element, const std::string& text, int depth) {
     LexicalEntry word;
@@ -28,7 +27,6 @@ void check(xmlpp::Element& element, const std::string& text, int depth) {
             check(*inner, text, depth + 1);
 }
 
-} // namespace
 } // namespace zelvor::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

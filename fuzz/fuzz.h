@@ -3,16 +3,17 @@
 #include <glib.h>
 #include <libxml/xmlerror.h>
 
-#include <cstddef>
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <map>
+#include <memory>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include <sys/mman.h>
@@ -26,7 +27,7 @@ inline void require(bool holds, const char* property, std::string_view detail = 
     if (holds)
         return;
     const std::string report = std::string("violated: ").append(property).append("\n").append(detail).append("\n");
-    std::fwrite(report.data(), 1, report.size(), stderr);
+    std::fputs(report.c_str(), stderr);
     std::abort();
 }
 

@@ -4,11 +4,7 @@
 #include "training/tags.h"
 #include "utils/LexicalEntry.h"
 
-#include <deque>
-#include <sstream>
-
 namespace zelvor::fuzz {
-namespace {
 
 std::string exported(LexicalEntry& entry) {
     std::ostringstream os;
@@ -49,27 +45,11 @@ void check_tags(const std::string& text) {
         require((lexicon.find(id) != nullptr) == expected.contains(id), "no other id is found", std::to_string(id));
 }
 
-/// Merged one after the other, every entry is kept or folded into one that is there; a second time all are folded.
-void check_merge(const std::string& text, bool extended) {
-    std::deque<LexicalEntry> entries;
-    std::vector<BaseLexicalEntry*> kept;
-    std::multimap<std::string, BaseLexicalEntry*> by_lemma;
-    for_each_line(text, [&](const std::string& line) {
-        succeeds([&] { entries.emplace_back().parse_latin(line); });
-        LexicalEntry copy = entries.back();
-        entries.back().merge(kept, by_lemma, extended);
-        require(!copy.merge(kept, by_lemma, extended), "an equal entry is folded", line);
-    });
-}
-
-} // namespace
 } // namespace zelvor::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     zelvor::fuzz::for_each_line(text, zelvor::fuzz::check_line);
     zelvor::fuzz::check_tags(text);
-    for (const bool extended : {false, true})
-        zelvor::fuzz::check_merge(text, extended);
     return 0;
 }

@@ -3,11 +3,7 @@
 #include "utils/EnglishLexicalEntry.h"
 #include "utils/lexicon_utils/rules.h"
 
-#include <algorithm>
-#include <memory>
-
 namespace zelvor::fuzz {
-namespace {
 
 /// A rule that shows the list of feature sets that it shares with the others of its set.
 struct OpenRule : Rule {
@@ -41,7 +37,6 @@ void apply(const RuleMap& rules, const std::string& pos, const std::string& lemm
     }
 }
 
-} // namespace
 } // namespace zelvor::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -10,10 +10,7 @@
 #include "utils/lexicon_utils/candidates.h"
 #include "utils/lexicon_utils/word_classes.h"
 
-#include <cmath>
-
 namespace zelvor::fuzz {
-namespace {
 
 constexpr std::size_t MAX_COMPARED = 200; // time is proportional to the product of the lengths
 
@@ -67,7 +64,6 @@ void check_distance(const std::string& s, const std::string& t) {
     require((distance == 0) == (decode_utf8(s) == decode_utf8(t)), "it is 0 for equal texts only", s);
 }
 
-} // namespace
 } // namespace zelvor::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -5,14 +5,11 @@
 #include "utils/LetterTrieNode.h"
 #include "utils/common_utils/utf8.h"
 
-#include <algorithm>
 #include <iomanip>
 #include <limits>
 #include <random>
-#include <sstream>
 
 namespace zelvor::fuzz {
-namespace {
 
 using Words = std::vector<std::string>;
 
@@ -123,7 +120,6 @@ void check_query(const Tries& tries, const std::string& query, unsigned int from
     require(tries.trie.lookup_string_prefix(query, from) == prefix, "the shortest proper prefix is found", query);
 }
 
-} // namespace
 } // namespace zelvor::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
