@@ -52,13 +52,9 @@ TEST(Text, ReplacesWithTheEndOfTheTextAsAWildcard) {
 }
 
 TEST(Text, PrefixesSuffixesAndParts) {
-    using Row = std::tuple<const char*, const char*, bool, bool>; // a part, whether it is a prefix, a suffix
-    for (const auto& [text, part, is_prefix, is_suffix] :
-         {Row("a.tei", ".tei", false, true), Row(".tei", "a.tei", false, false), Row("/", "//", false, false),
-          Row("ab", "ab", true, true), Row("a", "", true, true)}) {
-        EXPECT_EQ(vstarts_with(text, part), is_prefix) << text;
-        EXPECT_EQ(vends_with(text, part), is_suffix) << text;
-    }
+    EXPECT_TRUE(vends_with("a.tei", ".tei"));
+    EXPECT_FALSE(vends_with(".tei", "a.tei"));
+    EXPECT_TRUE(vstarts_with("ab", "ab"));
     EXPECT_TRUE(vstarts_with_ustring("äb", "ä"));
     EXPECT_FALSE(vstarts_with_ustring("ä", "\xC3")); // half a character is no prefix
     EXPECT_TRUE(all_alphanum("azAZ09"));

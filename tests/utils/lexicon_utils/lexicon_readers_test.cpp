@@ -51,19 +51,19 @@ TEST(LexiconReaders, LexiconAndNames) {
 }
 
 TEST(LexiconReaders, CasesOfEndingsAndOfTheLexicon) {
-    using Row = std::pair<const char*, Words>;
-    for (const auto& [word_form, expected] :
-         {Row("dominus", {"NOMINATIVE", "VOCATIVE"}), Row("rosa", {"ACCUSATIVE", "NOMINATIVE", "VOCATIVE"}),
-          Row("rosarum", {"ACCUSATIVE", "GENITIVE"}), Row("dominorum", {"ACCUSATIVE", "GENITIVE"}),
-          Row("domini", {"NOMINATIVE"}), Row("domino", {"ABLATIVE", "DATIVE"}),
-          Row("urbibus", {"ABLATIVE", "DATIVE", "NOMINATIVE", "VOCATIVE"}), Row("urbs", {}), Row("", {})}) {
-        Words cases;
+    Words all, cases; // of the ending "um" of "arum" and "orum", too
+    for (const std::string word_form :
+         {"dominus", "rosa", "rosarum", "dominorum", "domini", "domino", "urbibus", "urbs", ""}) {
         get_cases_from_word_form(word_form, cases);
-        EXPECT_EQ(cases, expected) << word_form;
+        for (const std::string& c : cases)
+            all.insert(word_form + ' ' + c.substr(0, 3));
+        cases.clear();
     }
+    EXPECT_EQ(all, (Words{"dominus NOM", "dominus VOC", "rosa ACC", "rosa NOM", "rosa VOC", "rosarum ACC",
+                          "rosarum GEN", "dominorum ACC", "dominorum GEN", "domini NOM", "domino ABL", "domino DAT",
+                          "urbibus ABL", "urbibus DAT", "urbibus NOM", "urbibus VOC"}));
     LexicalEntry with, without; // the lexicon gives the empty case at most
     with.set_case("DATIVE");
-    Words cases;
     EXPECT_FALSE(get_cases_from_lexicon("x", {{"y", &without}}, cases));
     EXPECT_TRUE(get_cases_from_lexicon("x", {{"x", &with}, {"x", nullptr}, {"x", &without}}, cases));
     EXPECT_EQ(cases, Words{});
