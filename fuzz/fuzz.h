@@ -33,8 +33,7 @@ inline void require(bool holds, const char* property, std::string_view detail = 
 
 /// Both values are shown where they differ.
 inline void require_equal(const std::string& found, const std::string& expected, const char* property) {
-    if (found != expected)
-        require(false, property, "found:    " + found + "\nexpected: " + expected);
+    require(found == expected, property, found == expected ? "" : "found:    " + found + "\nexpected: " + expected);
 }
 
 /// The two parts of an input that a line "%%" separates; without one, the second part is empty.
@@ -85,8 +84,8 @@ public:
                 "a file in memory can be written");
     }
     ~MemoryFile() { close(m_descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    MemoryFile& operator=(MemoryFile&&) = delete; // nor is there any other copy
 
     const std::string& path() const { return m_path; }
 
