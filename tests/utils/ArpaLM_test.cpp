@@ -57,10 +57,10 @@ TEST_F(Arpa, ScoresBackOffByTheLongestContext) {
 
 TEST_F(Arpa, ModelsMayLackUnknownWordsAndCount) {
     EXPECT_NEAR(score("rex"), -99 - 99, 1e-4); // nothing is loaded yet
-    ASSERT_TRUE(load("\\data\\\nngram 1=3\n\\1-grams:\n-inf <s>\n-1 </s>\n-0.5 rex -0.25\n-2 rex -3\n\\2-grams:\n0 rex "
-                     "</s>\n\\end\\"));
+    ASSERT_TRUE(load("\\data\\\nngram 1=3\n\\1-grams:\n-inf <s>\n-1 </s>\n-0.5 rex -0.25\n-2 rex -3\n"
+                     "\\2-grams:\n0 rex </s>\n\\3-grams:\n-1 rex rex rex\n\\4-grams:\n-1 rex rex rex rex\n\\end\\"));
     EXPECT_TRUE(log.has("3 1-grams announced, 4 found"));
-    EXPECT_TRUE(log.has("0 2-grams announced, 1 found"));
+    EXPECT_TRUE(log.has("0 4-grams announced, 1 found"));
     stats = {};
     EXPECT_NEAR(score("rex"), -0.5 + 0, 1e-4); // a probability of 1
     EXPECT_NEAR(score("rex dux"), -0.5 + (-0.25 - 99) - 1, 1e-4);
