@@ -7,15 +7,7 @@
 
 namespace zelvor::fuzz {
 
-std::multiset<std::string> texts(WordFormContainer::Candidates::iterator begin,
-                                 WordFormContainer::Candidates::iterator end) {
-    std::multiset<std::string> result;
-    for (; begin != end; ++begin) {
-        require(std::isfinite(begin->second), "a score is a number", begin->first);
-        result.insert(begin->first);
-    }
-    return result;
-}
+using Candidates = WordFormContainer::Candidates;
 
 void check_line(const std::string& line) {
     const std::string form = line.substr(std::min(line.find_first_not_of(' '), line.size()));
@@ -25,16 +17,19 @@ void check_line(const std::string& line) {
     parse_line(line, containers, nullptr, is_modified, true);
     parse_line(line, merging, nullptr, is_modified, false);
     parse_line_ocr(line, containers, nullptr, is_modified, false);
+    std::set<std::string> lemmas, no_lexicon;
+    for (const auto& [lemma, score] : Candidates(all.begin_predicted_lemmas(), all.end_predicted_lemmas())) {
+        require(std::isfinite(score), "a score is a number", line);
+        lemmas.insert(lemma);
+    }
     const auto begin = best.begin_predicted_lemmas(), end = best.end_predicted_lemmas();
-    const auto lemmas = texts(all.begin_predicted_lemmas(), all.end_predicted_lemmas());
-    std::set<std::string> distinct(lemmas.begin(), lemmas.end()), no_lexicon;
-    require(std::ranges::is_sorted(begin, end, std::ranges::greater(), [](const auto& pair) { return pair.second; }),
+    require(std::ranges::is_sorted(begin, end, std::ranges::greater(), &Candidates::value_type::second),
             "the best lemma comes first", line);
-    require(std::ranges::equal(texts(begin, end), distinct), "lemmas are merged into one each", line);
-    require(std::ranges::equal(texts(all.begin_predicted_ocr_wf(), all.end_predicted_ocr_wf()), distinct),
-            "a spelling is added once", line);
+    const auto as_many = static_cast<std::ptrdiff_t>(lemmas.size());
+    require(end - begin == as_many, "lemmas are merged into one each", line);
+    require(all.end_predicted_ocr_wf() - all.begin_predicted_ocr_wf() == as_many, "a spelling is added once", line);
     const std::string lemma = select_lemma({"a"}, no_lexicon, begin, end, nullptr, nullptr, "la", nullptr);
-    require(distinct.empty() ? lemma.empty() : distinct.contains(lemma), "the choice is a candidate", lemma);
+    require(lemmas.empty() ? lemma.empty() : lemmas.contains(lemma), "the choice is a candidate", lemma);
 }
 
 } // namespace zelvor::fuzz
