@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include <log4cpp/Category.hh>
+#include <log4cpp/OstreamAppender.hh>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +10,8 @@
 #include <array>
 #include <climits>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
@@ -20,6 +22,8 @@
 #include <utility>
 #include <vector>
 
+#include <stdlib.h>
+
 /// What every test may use.
 namespace zelvor {
 
@@ -27,7 +31,70 @@ using Strings = std::vector<std::string>;
 using Words = std::set<std::string>;
 using namespace std::string_literals;
 
-/// A call's result as text, or "throws" where it throws std::out_of_range.
+/// A category whose records a test can read.
+struct CapturedLog {
+    CapturedLog() {
+        category.setAdditivity(false);
+        category.setPriority(log4cpp::Priority::DEBUG);
+        category.addAppender(new log4cpp::OstreamAppender("captured", &records));
+    }
+    ~CapturedLog() { category.removeAllAppenders(); }
+    CapturedLog& operator=(CapturedLog&&) = delete; // nor is there a copy
+
+    bool has(const std::string& text) const { return records.str().find(text) != std::string::npos; }
+
+    /// Expects whole messages in this order, others among them.
+    void expect(std::initializer_list<std::string> messages) const {
+        for (std::size_t at = 0; const std::string& message : messages) {
+            at = records.str().find(" : " + message + "\n", at);
+            EXPECT_NE(at, std::string::npos) << message << " in\n" << records.str();
+        }
+    }
+
+    std::ostringstream records;
+    log4cpp::Category& category = log4cpp::Category::getInstance("CAPTURED_LOG");
+};
+
+/// A folder of a test's own, removed with all that is in it.
+class TemporaryDirectory {
+public:
+    TemporaryDirectory() : m_path((std::filesystem::temp_directory_path() / "zelvor-XXXXXX").string()) {
+        if (!mkdtemp(m_path.data()))
+            throw std::runtime_error("no temporary directory");
+    }
+    ~TemporaryDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    TemporaryDirectory& operator=(TemporaryDirectory&&) = delete; // nor is there a copy
+
+    std::string path(const std::string& name = "") const { return name.empty() ? m_path : m_path + "/" + name; }
+
+    /// Writes a file (its folders are made) and returns its path.
+    std::string write(const std::string& name, std::string_view content) const {
+        std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
+        std::ofstream(path(name), std::ios::binary) << content;
+        return path(name);
+    }
+
+    std::string read(const std::string& name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+private:
+    std::string m_path;
+};
+
+/// What a call writes to standard output.
+template<typename Call>
+std::string output_of(Call call) {
+    testing::internal::CaptureStdout();
+    call();
+    return testing::internal::GetCapturedStdout();
+}
+
+/// A call's result, or "throws" where it throws std::out_of_range.
 template<typename Call>
 std::string text_or_throws(Call call) {
     try {

@@ -2,10 +2,6 @@
 
 #include "tests/testing.h"
 
-#include <log4cpp/Category.hh>
-#include <log4cpp/OstreamAppender.hh>
-
-#include <filesystem>
 #include <iostream>
 
 #include <sys/stat.h>
