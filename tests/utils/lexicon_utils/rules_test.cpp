@@ -52,6 +52,7 @@ TEST(Rules, ReplaceASuffixAndUseAConclusionOnlyOnceItHasGivenAForm) {
     }
     EXPECT_FALSE(subsume_rule(nullptr, {&longer}));
     EXPECT_TRUE(collection_ends_with("s", {"x", "ies"}));
+    EXPECT_EQ(longer.feature_vector_size(), 0);
 }
 
 TEST(RulesWithFeatures, MakeAnEntryPerFeatureSetOfTheFirstRuleThatApplies) {
