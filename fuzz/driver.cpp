@@ -1,5 +1,5 @@
-// Runs a target once for every file named on the command line, or in a folder named there, and for "-random=COUNT" on
-// so many inputs of random bytes: for compilers without a fuzzer.
+// Runs a target once for every file named on the command line, or in a folder named there, and for "-random=COUNT,SEED"
+// on so many inputs of random bytes: for compilers without a fuzzer.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -7,52 +7,38 @@
 #include <iterator>
 #include <random>
 #include <string>
-#include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
 
-int runs = 0;
-
-void run(const std::string& input) {
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
-    ++runs;
+int run(const std::string& input) {
+    return LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
-void run_file(const std::filesystem::path& path) {
+int run_files(const std::filesystem::path& path) {
+    if (std::filesystem::is_directory(path)) {
+        int runs = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(path))
+            runs += run_files(entry.path());
+        return runs;
+    }
     std::fprintf(stderr, "%s\n", path.c_str()); // tells which one was last
     std::ifstream file(path, std::ios::binary);
-    run({std::istreambuf_iterator<char>(file), {}});
-}
-
-void run_random(const char* arguments) {
-    int count = 0;
-    unsigned int seed = std::random_device()();
-    std::sscanf(arguments, "%d,%u", &count, &seed);
-    std::fprintf(stderr, "-random=%d,%u\n", count, seed); // repeats it
-    std::mt19937 random(seed);
-    for (int i = 0; i < count; ++i) {
-        std::string input(random() % 64, '\0');
-        for (char& c : input)
-            c = static_cast<char>(random());
-        run(input);
-    }
+    return 1 + run({std::istreambuf_iterator<char>(file), {}});
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    constexpr std::string_view random_option = "-random=";
-    for (int i = 1; i < argc; ++i) {
-        if (std::string_view(argv[i]).starts_with(random_option))
-            run_random(argv[i] + random_option.size());
-        else if (!std::filesystem::is_directory(argv[i]))
-            run_file(argv[i]);
-        else
-            for (const auto& entry : std::filesystem::directory_iterator(argv[i]))
-                run_file(entry.path());
-    }
-    std::fprintf(stderr, "%d inputs\n", runs);
+    int runs = 0, count = 0;
+    unsigned int seed = std::random_device()();
+    for (int i = 1; i < argc; ++i)
+        if (std::sscanf(argv[i], "-random=%d,%u", &count, &seed) == 0)
+            runs += run_files(argv[i]);
+    std::fprintf(stderr, "-random=%d,%u\n", count, seed); // repeats it
+    for (std::mt19937 random(seed); count > 0; --count)
+        run(std::to_string(random()));
+    std::fprintf(stderr, "%d files\n", runs);
     return runs == 0; // a corpus that is not found must not pass
 }

@@ -3,14 +3,17 @@
 #include <glib.h>
 #include <libxml/xmlerror.h>
 
-#include <cstddef>
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <map>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <stdexcept>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include <sys/mman.h>
@@ -24,14 +27,13 @@ inline void require(bool holds, const char* property, std::string_view detail = 
     if (holds)
         return;
     const std::string report = std::string("violated: ").append(property).append("\n").append(detail).append("\n");
-    std::fwrite(report.data(), 1, report.size(), stderr);
+    std::fputs(report.c_str(), stderr);
     std::abort();
 }
 
 /// Both values are shown where they differ.
 inline void require_equal(const std::string& found, const std::string& expected, const char* property) {
-    if (found != expected)
-        require(false, property, "found:    " + found + "\nexpected: " + expected);
+    require(found == expected, property, found == expected ? "" : "found:    " + found + "\nexpected: " + expected);
 }
 
 /// The two parts of an input that a line "%%" separates; without one, the second part is empty.
@@ -45,24 +47,32 @@ inline std::pair<std::string, std::string> halves(const std::uint8_t* data, std:
 
 /// Calls use(line) for every line as std::getline gives them.
 template<typename Use>
-void for_each_line(std::string_view text, Use use) {
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        use(std::string(text.substr(0, end)));
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    }
+void for_each_line(const std::string& text, Use use) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        use(line);
 }
 
-/// A record line's fields, read byte by byte: a separator begins a field unless another one follows.
-inline std::vector<std::string> literal_fields(const std::string& line, std::string_view separators) {
+/// What is split at every separator; an empty text is one empty field.
+inline std::vector<std::string> split_at(const std::string& text, char separator) {
     std::vector<std::string> fields(1);
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (separators.find(line[i]) == std::string_view::npos)
-            fields.back() += line[i];
-        else if (i + 1 == line.size() || separators.find(line[i + 1]) == std::string_view::npos)
+    for (const char c : text)
+        if (c == separator)
             fields.emplace_back();
-    }
+        else
+            fields.back() += c;
     return fields;
+}
+
+/// Whether a call comes to its end, or throws an exception of the kind that bad input may cause.
+template<typename Exception = std::out_of_range, typename Call>
+bool succeeds(Call call) {
+    try {
+        call();
+        return true;
+    } catch (const Exception&) {
+        return false;
+    }
 }
 
 /// A file in memory, for readers that want a name.
@@ -74,8 +84,8 @@ public:
                 "a file in memory can be written");
     }
     ~MemoryFile() { close(m_descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    MemoryFile& operator=(MemoryFile&&) = delete; // nor is there any other copy
 
     const std::string& path() const { return m_path; }
 

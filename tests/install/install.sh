@@ -9,16 +9,12 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
-fail() {
-    echo "$*" >&2
-    exit 1
-}
+fail() { echo "$*" >&2; exit 1; }
 
 expect() { # TEXT COMMAND...
-    local expected=$1 actual
-    shift
-    actual=$("$@")
-    [ "$actual" = "$expected" ] || fail "$*: '$actual' instead of '$expected'"
+    local actual
+    actual=$("${@:2}")
+    [ "$actual" = "$1" ] || fail "${*:2}: '$actual' instead of '$1'"
 }
 
 # what cmake --install runs, but with its list of files here and not in the build folder

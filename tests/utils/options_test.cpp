@@ -1,6 +1,6 @@
 #include "utils/options.h"
 
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 namespace zelvor {
 

@@ -1,7 +1,6 @@
 #include "utils/common_utils/crash_handler.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/testing.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,8 +1,6 @@
 #include "utils/common_utils/distance.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "tests/testing.h"
 
 namespace zelvor {
 

@@ -1,10 +1,7 @@
 #include "utils/common_utils/numbers.h"
 
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <climits>
 #include <locale>
 
 namespace zelvor {
@@ -17,10 +14,8 @@ TEST(Numbers, DoublesAsAClassicStreamReadsThemAndLists) {
     using Row = std::pair<const char*, double>;
     const std::locale before = std::locale::global(std::locale(std::locale(), new CommaAsPoint));
     for (const auto& [text, expected] :
-         {Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("nan", 0.0), Row("0x10", 0.0), Row(".5", 0.5)}) {
-        EXPECT_EQ(convert_string_to_double(text), expected) << text;
+         {Row(" -2e3x", -2000.0), Row("1,5", 1.0), Row("", 0.0), Row("nan", 0.0), Row("0x10", 0.0), Row(".5", 0.5)})
         EXPECT_EQ(convert_ustring_to_double(text), expected) << text;
-    }
     std::locale::global(before);
     std::vector<int> values{7};
     parse_numbers("3,x,,-2", ",", values);
@@ -32,16 +27,13 @@ TEST(Numbers, DoublesAsAClassicStreamReadsThemAndLists) {
 
 TEST(Numbers, CountsFromAFile) {
     const TemporaryDirectory directory;
-    const std::string file = directory.write("counts", "x=y=3\nnone\n k = 4x\nk=1\nk=2\n=5\nlast=6");
     std::map<std::string, int> counts;
-    read_string_int_hashtable(file, counts);
+    read_string_int_hashtable(directory.write("counts", "x=y=3\nnone\n k = 4x\nk=1\nk=2\n=5\nlast=6"), counts);
     EXPECT_EQ(counts, (std::map<std::string, int>{{"x=y", 3}, {" k ", 4}, {"k", 1}, {"", 5}, {"last", 6}}));
-    read_string_int_hashtable(file + ".missing", counts);
-    increase_hash_value(counts, "k", 2);
     increase_hash_value(&counts, "new", 5);
-    EXPECT_EQ(counts["k"] + counts["new"], 8);
     increase_hash_value(counts, "k", INT_MAX);
-    EXPECT_EQ(counts["k"], INT_MIN + 2);
+    EXPECT_EQ(counts["new"], 5);
+    EXPECT_EQ(counts["k"], INT_MIN);
 }
 
 } // namespace zelvor

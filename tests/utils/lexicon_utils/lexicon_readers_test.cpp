@@ -1,15 +1,9 @@
 #include "utils/lexicon_utils/lexicon_readers.h"
 
-#include "tests/captured_log.h"
-#include "tests/temporary_directory.h"
+#include "tests/testing.h"
 #include "utils/LexicalEntry.h"
 
-#include <stdexcept>
-
 namespace zelvor {
-namespace {
-
-using Words = std::set<std::string>;
 
 TEST(LexiconReaders, TrimmedWordsAndStatistics) {
     const TemporaryDirectory directory;
@@ -17,12 +11,9 @@ TEST(LexiconReaders, TrimmedWordsAndStatistics) {
     get_words_from_lexicon(directory.write("l", " walked \twalk\tVBD\r\n\t\tcats\tcat \tNNS\tmore\n"), words);
     EXPECT_EQ(words, (Words{"kept", "walked", "walk", "cats", "cat"}));
     EXPECT_THROW(get_words_from_lexicon(directory.write("short", "a\tb\n"), words), std::out_of_range);
-    get_words_from_lexicon(directory.path("missing"), words);
     std::string lemma, word_form, pos;
-    parse("w\tl\tp", lemma, word_form, pos);
-    EXPECT_EQ(lemma + word_form + pos, "lwp");
     EXPECT_THROW(parse(" v \t m ", lemma, word_form, pos), std::out_of_range);
-    EXPECT_EQ(lemma + word_form + pos, " m  v p"); // a line too short leaves what it set untrimmed
+    EXPECT_EQ(lemma + word_form + pos, " m  v "); // a line too short leaves what it set untrimmed
     std::map<std::string, int> counts{{"old", 1}};
     std::set<int> numbers; // a count that comes too late is a number all the same
     read_statistics(directory.write("s", " a=b=7 \r\n\n  \nx\n5\na=b=9\nold=2\n=3\nc = 4"), counts, numbers);
@@ -34,23 +25,20 @@ TEST(LexiconReaders, LexiconAndNames) {
     const TemporaryDirectory directory;
     directory.write("names/a.lst", "Anna\n\nBea \n");
     directory.write("names/b.txt", "no");
-    std::filesystem::create_directory(directory.path("names/c.lst"));
     const std::string lexicon = directory.write(
         "lexicon", "walked\twalk\tVBD\textra\n\twalk\tVBD\n Rome \tRome\tNP\n\xFF\tAnna\tNNP\r\nOslo\tOslo\tNNP\n");
-    Words names{"kept"};
+    Words names{"kept"}, printed;
     std::multimap<std::string, LexicalEntry*> entries;
     const auto read = [&](const std::string& lexicon_file, const std::string& folder) {
         return output_of([&] { read_lexicon(lexicon_file, folder, names, entries); });
     };
     const std::string folder = directory.path("names"), none = directory.path("none");
-    std::string output = read(lexicon, folder);
-    for (const char* const entry : {".", "..", "a.lst", "b.txt", "c.lst"}) { // in the order of the system
-        const std::string line = "filename: " + folder + "/" + entry + "\n";
-        ASSERT_NE(output.find(line), output.npos) << output;
-        output.erase(output.find(line), line.size());
-    }
+    std::istringstream output(read(lexicon, folder));
+    for (std::string line; std::getline(output, line);) // in the order of the system
+        printed.insert(line);
     // Two names and an empty one, Rome and Oslo; the carriage return keeps "NNP" from being a name tag.
-    EXPECT_EQ(output, "input_directory" + folder + "\nall names: 5\n");
+    EXPECT_EQ(printed, (Words{"input_directory" + folder, "filename: " + folder + "/.", "filename: " + folder + "/..",
+                              "filename: " + folder + "/a.lst", "filename: " + folder + "/b.txt", "all names: 5"}));
     EXPECT_EQ(names, (Words{"kept", "Anna", "", "Bea "}));
     ASSERT_EQ(entries.size(), 4U);
     const LexicalEntry& walked = *entries.find("walked")->second;
@@ -63,26 +51,24 @@ TEST(LexiconReaders, LexiconAndNames) {
 }
 
 TEST(LexiconReaders, CasesOfEndingsAndOfTheLexicon) {
-    using Row = std::pair<const char*, Words>;
-    for (const auto& [word_form, expected] :
-         {Row("dominus", {"NOMINATIVE", "VOCATIVE"}), Row("rosa", {"ACCUSATIVE", "NOMINATIVE", "VOCATIVE"}),
-          Row("rosarum", {"ACCUSATIVE", "GENITIVE"}), Row("dominorum", {"ACCUSATIVE", "GENITIVE"}),
-          Row("domini", {"NOMINATIVE"}), Row("domino", {"ABLATIVE", "DATIVE"}),
-          Row("urbibus", {"ABLATIVE", "DATIVE", "NOMINATIVE", "VOCATIVE"}), Row("urbs", {}), Row("", {})}) {
-        Words cases;
+    Words all, cases; // of the ending "um" of "arum" and "orum", too
+    for (const std::string word_form :
+         {"dominus", "rosa", "rosarum", "dominorum", "domini", "domino", "urbibus", "urbs", ""}) {
         get_cases_from_word_form(word_form, cases);
-        EXPECT_EQ(cases, expected) << word_form;
+        for (const std::string& c : cases)
+            all.insert(word_form + ' ' + c.substr(0, 3));
+        cases.clear();
     }
+    EXPECT_EQ(all, (Words{"dominus NOM", "dominus VOC", "rosa ACC", "rosa NOM", "rosa VOC", "rosarum ACC",
+                          "rosarum GEN", "dominorum ACC", "dominorum GEN", "domini NOM", "domino ABL", "domino DAT",
+                          "urbibus ABL", "urbibus DAT", "urbibus NOM", "urbibus VOC"}));
     LexicalEntry with, without; // the lexicon gives the empty case at most
     with.set_case("DATIVE");
-    Words cases;
     EXPECT_FALSE(get_cases_from_lexicon("x", {{"y", &without}}, cases));
-    EXPECT_TRUE(get_cases_from_lexicon("x", {{"x", &with}, {"x", &without}}, cases));
-    EXPECT_TRUE(get_cases_from_lexicon("x", {{"x", nullptr}}, cases));
+    EXPECT_TRUE(get_cases_from_lexicon("x", {{"x", &with}, {"x", nullptr}, {"x", &without}}, cases));
     EXPECT_EQ(cases, Words{});
     EXPECT_TRUE(get_cases_from_lexicon("x", {{"x", &without}, {"x", &with}}, cases));
     EXPECT_EQ(cases, Words{""});
 }
 
-} // namespace
 } // namespace zelvor

@@ -1,13 +1,10 @@
 #include "utils/lexicon_utils/names.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
+#include "tests/testing.h"
 
 extern "C" int wninit();
 
 namespace zelvor {
-namespace {
 
 struct Names : testing::Test {
     static void SetUpTestSuite() { ASSERT_EQ(wninit(), 0) << "the WordNet database is missing"; }
@@ -16,21 +13,18 @@ struct Names : testing::Test {
 TEST_F(Names, InstancesAreNounsWithAnInstanceHypernym) {
     using Row = std::tuple<std::string, int, instance_ret>;
     for (const auto& [word, pos, expected] :
-         {Row("paris", 1, CINSTANCE), Row("new_york", 1, CINSTANCE), Row("dog", 1, TYPE), Row("run", 2, TYPE),
-          Row("turkey", 1, CINSTANCE), Row("quickly", 4, TYPE), Row(std::string("dog\0x", 5), 1, NOT_FOUND),
-          Row("Paris", 1, NOT_FOUND), Row("new york", 1, NOT_FOUND), Row(std::string(300, 'a'), 1, NOT_FOUND),
-          Row("dog", -1, NOT_FOUND), Row("dog", 5, NOT_FOUND)})
+         {Row("new_york", 1, CINSTANCE), Row("dog", 1, TYPE), Row("run", 2, TYPE), Row("turkey", 1, CINSTANCE),
+          Row("quickly", 4, TYPE), Row("dog\0x"s, 1, NOT_FOUND), Row("Paris", 1, NOT_FOUND),
+          Row(std::string(300, 'a'), 1, NOT_FOUND), Row("dog", -1, NOT_FOUND), Row("dog", 5, NOT_FOUND)})
         EXPECT_EQ(is_instance(word, pos), expected) << word << " " << pos;
 }
 
 TEST_F(Names, WordForms) {
-    const std::string unknown(300, 'z');
     using Row = std::tuple<std::string, std::string, std::string, bool>; // word form, lemma, part of speech
     for (const auto& [form, lemma, pos, expected] :
-         {Row("cats", "cat", "N", true), Row("Wolves", "", "NE", true), Row("ran", "", "V", true),
-          Row("running", "", "VB", true), Row("larger", "", "ADJ", true), Row("zorks", "zork", "N", true),
-          Row("zorks", "zork", "V", true), Row("glasss", "", "N", true), Row("Glasss", "", "N", false),
-          Row("harder", "", "ADV", true), Row(unknown + "s", unknown, "N", true), Row("cats", "cat", "X", false),
+         {Row("Wolves", "", "NE", true), Row("ran", "", "V", true), Row("larger", "", "ADJ", true),
+          Row("zorks", "zork", "N", true), Row("zorks", "zork", "V", true), Row("glasss", "", "N", true),
+          Row("Glasss", "", "N", false), Row("harder", "", "ADV", true), Row("cats", "cat", "X", false),
           Row("zorks", "zork", "ADJ", false), Row("Zorks", "zork", "N", false), Row("", "", "N", false)})
         EXPECT_EQ(is_word_form(form, lemma, pos), expected) << form << " " << pos;
 }
@@ -40,10 +34,9 @@ TEST_F(Names, Recognizers) {
                                                {"Mopp Frob", 1}, {"mopp frob", 1}, {"Dog", 2}};
     using Row = std::pair<const char*, const char*>;
     for (const auto& [word, recognizers] :
-         {Row("Paris", "u"), Row("Zork", "u"), Row("Xyzzy Frob", "u"), Row("Xyzzy éfrob", "u"), Row("Éxyz Frob", "u"),
-          Row(" ", "u"), Row("Dog", ""), Row("Blick", ""), Row("Mopp Frob", "u"), Row("Xyzzy “Frob”", "u"),
-          Row("dog", "a"), Row("blick", ""), Row("Xyzzy", ""), Row("Xyzzy frob", ""), Row("", ""), Row("paris", "c"),
-          Row("zork", "ca")})
+         {Row("Paris", "u"), Row("Zork", "u"), Row("Xyzzy éfrob", "u"), Row("Éxyz Frob", "u"), Row(" ", "u"),
+          Row("Dog", ""), Row("Blick", ""), Row("Mopp Frob", "u"), Row("Xyzzy “Frob”", "u"), Row("dog", "a"),
+          Row("Xyzzy frob", ""), Row("", ""), Row("paris", "c"), Row("zork", "ca")})
         EXPECT_EQ(std::string(uby_ne_recognizer(word, counts) ? "u" : "") +
                       (clearnlp_ne_recognizer(word, counts) ? "c" : "") +
                       (clearnlp_capitalized_adj_recognizer(word, counts) ? "a" : ""),
@@ -51,5 +44,4 @@ TEST_F(Names, Recognizers) {
             << word;
 }
 
-} // namespace
 } // namespace zelvor

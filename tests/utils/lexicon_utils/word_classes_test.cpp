@@ -1,18 +1,14 @@
 #include "utils/lexicon_utils/word_classes.h"
 
-#include <gtest/gtest.h>
-
-using namespace std::string_literals;
+#include "tests/testing.h"
 
 namespace zelvor {
 
 TEST(WordClasses, TagsAndModalsMatchAsAWhole) {
     std::string classes;
-    for (const std::string word :
-         {"NE",   "NP",    "N",     "NN",   "JJ",    "ADJ",  "V",     "VB",   "can", "could", "should", "may",
-          "will", "would", "ought", "wilt", "might", "must", "shall", "need", "",    "n",     "NNS",    "Must"})
+    for (const std::string word : {"NE", "NN", "JJ", "ADJ", "V", "VB", "can", "wilt", "", "n", "NNS", "Must"})
         classes += is_noun(word) ? 'n' : is_adjective(word) ? 'a' : is_verb(word) ? 'v' : is_modal(word) ? 'm' : '-';
-    EXPECT_EQ(classes, "nnnnaavvmmmmmmmmmmmm----");
+    EXPECT_EQ(classes, "nnaavvmm----");
 }
 
 TEST(WordClasses, NumbersAndLetters) {

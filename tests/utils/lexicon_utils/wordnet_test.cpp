@@ -1,15 +1,10 @@
 #include "utils/lexicon_utils/wordnet.h"
 
-#include "tests/temporary_directory.h"
-
-#include <gtest/gtest.h>
-
-#include <stdexcept>
+#include "tests/testing.h"
 
 namespace zelvor {
 
 TEST(WordNetFile, WordsAndInstances) {
-    using Words = std::set<std::string>;
     const TemporaryDirectory directory;
     const std::string file =
         directory.write("data", "  1 licence\n  2 more 3 4\n"
