@@ -11,9 +11,10 @@ import time
 
 TOOL = ["build/release/tools/TaggerFormatConverter", "-i"]
 LIBRARY = ["build/release/examples/convert_with_lexicon"]
-TEI2CRF = ["build/release/tools/tei2crf", "-qq", "-l"]
+TEI2CRF = ["build/release/tools/tei2crf", "-qq", "-j1", "-l"]
 SCRIPT = [sys.executable, "bench/convert.py"]
 ATTRIBUTES = ["build/release/tools/tei2crf", "-qq", "--columns=form,lemma,pos,feats"]
+CORES = len(os.sched_getaffinity(0))
 ATTRIBUTES_SCRIPT = ["/usr/bin/python3", "bench/tei_columns.py"]  # the interpreter that has Debian's lxml
 
 
@@ -52,6 +53,7 @@ def main():
     corpus, lexicon = folder + "/sample/corpus", folder + "/sample/lexicon.txt"
     large, empty, separators = folder + "/large/lexicon.txt", folder + "/empty", folder + "/separators"
     tenfold, annotated = folder + "/tenfold", folder + "/annotated.xml"
+    files = sorted(glob.glob(folder + "/files/*.xml"))
     documents, all_documents = (sorted(glob.glob(path, recursive=True)) for path in (corpus + "/*/*.xml", tenfold + "/**/*.xml"))
     commands = {
         "parse only: xmllint --sax": ["xmllint", "--sax", "--noout", *documents],
@@ -70,15 +72,21 @@ def main():
         "parse only, annotated corpus": ["xmllint", "--sax", "--noout", annotated],
         "lxml script, annotated corpus": [*ATTRIBUTES_SCRIPT, annotated],
         "tei2crf, annotated corpus": [*ATTRIBUTES, annotated],
+        "parse only, 24 files": ["xmllint", "--sax", "--noout", *files],
+        "tei2crf, 24 files, one job": [*ATTRIBUTES, "-j1", *files],
+        f"tei2crf, 24 files, {CORES} jobs": [*ATTRIBUTES, f"-j{CORES}", *files],
     }
     (parse, script, tool, library, tei2crf, parse_ten, tei2crf_ten, script_load, load, tei2crf_load, small, tool_start,
-     script_start, parse_annotated, script_annotated, tei2crf_annotated) = commands
+     script_start, parse_annotated, script_annotated, tei2crf_annotated, parse_files, one_job, all_jobs) = commands
     runs = measure(commands, folder, rounds)
     medians = {name: tuple(map(statistics.median, zip(*its_runs))) for name, its_runs in runs.items()}
 
     def ratio(what, yardstick):
         """Of processor time, round by round: the two runs were close together."""
         return statistics.median(a[1] / b[1] for a, b in zip(runs[what], runs[yardstick]))
+
+    def clock_ratio(what, yardstick):
+        return statistics.median(a[0] / b[0] for a, b in zip(runs[what], runs[yardstick]))
 
     size = sum(map(os.path.getsize, documents)) / 1e6
     tokens = sum(open(path, encoding="utf-8").read().count(f"</{name}>") for path in documents for name in "wc")
@@ -104,6 +112,10 @@ def main():
     verdict("tei2crf / xmllint --sax, tenfold corpus", ratio(tei2crf_ten, parse_ten), 3)
     verdict("tei2crf without a lexicon / xmllint --sax", ratio(tei2crf_annotated, parse_annotated), 2.5)
     verdict("tei2crf without a lexicon / lxml script", ratio(tei2crf_annotated, script_annotated), 0.2)
+    if CORES > 1:
+        verdict(f"on the clock: {CORES} jobs / one", clock_ratio(all_jobs, one_job), 0.34 if CORES >= 4 else 0.59)
+    if CORES >= 4:
+        verdict(f"on the clock: {CORES} jobs / xmllint --sax", clock_ratio(all_jobs, parse_files), 1)
 
 
 if __name__ == "__main__":

@@ -18,6 +18,10 @@ done
 printf '<s><c>.</c></s>' >"$folder/empty.xml" # without a token tei2crf complains
 # Without entities, at which a bare SAX parser stops calling back.
 python3 -B bench/make_tei.py --family=parliament --no-entities "${TOKENS:-300000}" >"$folder/annotated.xml"
+mkdir "$folder/files"
+for i in $(seq 10 33); do
+    python3 -B bench/make_tei.py --family=parliament --no-entities --seed="$i" $((${TOKENS:-300000} / 6)) >"$folder/files/$i.xml"
+done
 
 # The result first: all must agree on every token and every sentence; tei2crf reads the files in another order.
 inputs=("$folder/sample/lexicon.txt" "$folder/sample/corpus")
@@ -27,5 +31,6 @@ build/release/examples/convert_with_lexicon "${inputs[1]}" "${inputs[0]}" /dev/s
 build/release/tools/tei2crf -qq -l "${inputs[@]}" | sort | cmp - <(sort "$folder/expected")
 build/release/tools/tei2crf -qq --columns=form,lemma,pos,feats "$folder/annotated.xml" |
     cmp - <(/usr/bin/python3 bench/tei_columns.py "$folder/annotated.xml")
+cmp <(build/release/tools/tei2crf -qq "$folder/files") <(build/release/tools/tei2crf -qq -j 1 "$folder/files")
 
 python3 bench/programs.py "$folder" "${ROUNDS:-7}"
