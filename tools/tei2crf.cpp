@@ -4,11 +4,13 @@
 #include "training/shown_text.h"
 #include "training/survey_documents.h"
 #include "training/survey_text.h"
+#include "training/tei_inputs.h"
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
 #include <chrono>
 #include <iostream>
+#include <new>
 
 #include <unistd.h>
 
@@ -67,20 +69,19 @@ int convert(const Tei2crfOptions& options) {
         [&](const std::string& message) { console.say("tei2crf: " + message); },
         [&](const std::string& message) { console.say(message); },
         [&](std::size_t ended, std::size_t all, std::uint64_t tokens) { show_progress(console, ended, all, tokens); }};
-    try {
-        const ConversionResult result = run_conversion(options.task, observer);
-        console.clear();
-        if (options.quiet < 2 && result.has_ended)
-            std::cerr << result.report.text();
-        return result.status;
-    } catch (const WrongOutput& error) {
-        console.say("tei2crf: " + shown_path(error.what()));
-        return 2;
-    }
+    const ConversionResult result = run_conversion(options.task, observer);
+    console.clear();
+    if (options.quiet < 2 && result.has_ended)
+        std::cerr << result.report.text();
+    return result.status;
 }
 
 int survey(const Tei2crfOptions& options) {
     Console console(wants_progress(options));
+    const auto untold = [](const std::string&, const std::string&) {};
+    for (const std::string& document : find_documents(options.task.inputs, options.task.hidden, untold).documents)
+        if (OutputFile::is_input("", document))
+            throw WrongOutput("the output would replace an input: " + document);
     const SurveyTask task{options.task.inputs, options.task.hidden, options.task.options.skip};
     const DocumentsSurvey found =
         survey_documents(task, {[&](const std::string& message) { console.say("tei2crf: " + message); },
@@ -99,6 +100,16 @@ int survey(const Tei2crfOptions& options) {
 
 } // namespace
 
-int run_tei2crf(const Tei2crfOptions& options) { return options.survey ? survey(options) : convert(options); }
+int run_tei2crf(const Tei2crfOptions& options) {
+    try {
+        return options.survey ? survey(options) : convert(options);
+    } catch (const WrongOutput& error) {
+        std::cerr << "tei2crf: " << shown_path(error.what()) << '\n';
+        return 2;
+    } catch (const std::bad_alloc&) {
+        std::cerr << "tei2crf: out of memory\n";
+        return 1;
+    }
+}
 
 } // namespace zelvor

@@ -19,7 +19,9 @@ AttributeAnnotation::AttributeAnnotation(const ConversionOptions& options, const
     : m_options(options), m_map(map), m_sentences(sentences),
       m_is_conllu(options.format == ConversionOptions::Format::CONLLU),
       m_wants_lemma(wants(options, Column::Kind::LEMMA)), m_wants_upos(wants(options, Column::Kind::UPOS)),
-      m_wants_feats(wants(options, Column::Kind::FEATS)) {
+      m_wants_feats(wants(options, Column::Kind::FEATS)), m_punctuation_tag(options.punctuation_tag) {
+    if (options.nfc)
+        to_normal_form(m_punctuation_tag);
     for (const char32_t mark : decode_utf8(options.break_marks))
         append_utf8(m_marks.emplace_back(), mark);
     m_others.resize(static_cast<std::size_t>(std::ranges::count(options.columns, Column::Kind::OTHER, &Column::kind)));
@@ -71,7 +73,7 @@ void AttributeAnnotation::read_value(const ValueSources& sources, const TeiToken
 void AttributeAnnotation::add_token(const TeiToken& token) {
     Token annotated;
     annotated.form = token.form;
-    annotated.is_overlong = token.text.size() > MAX_TOKEN_TEXT;
+    annotated.is_overlong = token.form.size() + 2 > MAX_TOKEN_TEXT; // it may be cut, but for blanks at its ends
     if (token.form.empty() && !annotated.is_overlong)
         annotated.flaw = ConversionReport::NO_FORM;
     if (!annotated.flaw && m_sentences.is_in_sentence()) {
@@ -102,7 +104,7 @@ void AttributeAnnotation::add_token(const TeiToken& token) {
 void AttributeAnnotation::read_tag(const TeiToken& token, Token& annotated) {
     read_value(m_options.pos, token, m_pos);
     if (m_pos.empty() && token.is_punctuation)
-        m_pos = m_options.punctuation_tag;
+        m_pos = m_punctuation_tag;
     annotated.pos = m_pos;
     if (!m_map || m_pos.empty())
         return;

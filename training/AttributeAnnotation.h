@@ -34,6 +34,7 @@ private:
     Sentences& m_sentences;
     bool m_is_conllu;
     bool m_wants_lemma, m_wants_upos, m_wants_feats;
+    std::string m_punctuation_tag;
     std::vector<std::string> m_marks; ///< that end a sentence
     std::string m_lemma, m_pos, m_upos, m_feats;
     std::vector<std::string> m_others;

@@ -65,8 +65,11 @@ void AttributeTokens::end_element(std::string_view /*name*/) {
 }
 
 void AttributeTokens::text(std::string_view text) {
-    if (m_skipped == 0 && !m_open_words.empty() && m_text.size() - m_piece <= MAX_TOKEN_TEXT)
-        m_text += text;
+    if (text.empty() || m_skipped > 0 || m_open_words.empty() || m_text.size() - m_piece > MAX_TOKEN_TEXT)
+        return;
+    const bool is_but_blanks = text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    if (!is_but_blanks || m_text.size() == m_piece || m_text.back() != ' ')
+        m_text += is_but_blanks ? " " : text;
 }
 
 void AttributeTokens::begin_token(const XmlAttributes& attributes, bool is_punctuation) {

@@ -93,7 +93,8 @@ void Conversion::convert() {
     if (m_task.options.strict && m_has_fault)
         throw ConversionStopped("at a folder that cannot be read");
     if (m_documents.empty())
-        throw ConversionStopped("no file whose name ends in .tei or .xml");
+        throw ConversionStopped("no file whose name ends in .tei or .xml" +
+                                told_passed_over(m_report[ConversionReport::FILES_PASSED_OVER]));
     load_tables();
     m_output = std::make_unique<OutputFile>(m_task.output);
     m_is_header_due = m_task.options.header;
@@ -202,7 +203,7 @@ void Conversion::check_that_something_came() {
 }
 
 void Conversion::write(std::string_view text, std::uint64_t tokens) {
-    if (std::exchange(m_is_header_due, false))
+    if (tokens > 0 && std::exchange(m_is_header_due, false))
         m_output->write(header_line(m_task.options));
     m_output->write(text);
     m_tokens += tokens;

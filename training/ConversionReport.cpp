@@ -81,12 +81,14 @@ std::uint64_t ConversionReport::left_out() const {
     return sum;
 }
 
-/// What the section has counted; its first row also where that is zero.
+/// What the section has counted, or its first row.
 std::string ConversionReport::section_text(std::string_view section) const {
     std::string text;
     for (std::size_t i = 0; i < COUNTS; ++i)
-        if (ROWS[i].section == section && (text.empty() || counts[i] > 0))
+        if (ROWS[i].section == section && counts[i] > 0)
             text += (text.empty() ? "" : ", ") + std::to_string(counts[i]) + " " + ROWS[i].label;
+    if (text.empty())
+        text = std::string("0 ") + std::ranges::find(ROWS, section, &Row::section)->label;
     return std::string(section) + ": " + text + "\n";
 }
 

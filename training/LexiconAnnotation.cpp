@@ -33,12 +33,12 @@ LexiconAnnotation::LexiconAnnotation(const ConversionOptions& options, const Tag
 }
 
 const Token& LexiconAnnotation::annotate_word(std::string_view text, const std::string& analysis,
-                                              const TokenAttributes& attributes) {
+                                              const std::string& told_analysis, const TokenAttributes& attributes) {
     begin(text);
     if (analysis.size() <= 1)
         m_token.flaw = ConversionReport::NO_ANALYSIS;
     else
-        read_analysis(text, analysis);
+        read_analysis(text, analysis, told_analysis);
     return complete(attributes);
 }
 
@@ -62,7 +62,7 @@ Token& LexiconAnnotation::begin(std::string_view text) {
     return m_token;
 }
 
-void LexiconAnnotation::read_analysis(std::string_view text, const std::string& json) {
+void LexiconAnnotation::read_analysis(std::string_view text, const std::string& json, const std::string& told) {
     const Analysis& analysis = m_analysis_reader.read(m_json_reader, json);
     const bool has_id = analysis.outcome == Analysis::Outcome::FOUND;
     m_token.analysis = has_id ? m_lexicon.find(analysis.id) : nullptr;
@@ -76,7 +76,7 @@ void LexiconAnnotation::read_analysis(std::string_view text, const std::string& 
     }
     m_token.flaw = flaw_of(analysis.outcome);
     if (m_options.verbose)
-        m_detail = has_id ? std::to_string(analysis.id) : json;
+        m_detail = has_id ? std::to_string(analysis.id) : told;
     m_token.detail = m_detail;
 }
 

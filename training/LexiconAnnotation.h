@@ -22,13 +22,15 @@ public:
     /// what one of so many jobs may remember.
     LexiconAnnotation(const ConversionOptions& options, const TagLexicon& lexicon, const TagMap* map, std::size_t jobs);
 
-    /// The results are valid until the next call. `analysis` is what is in the lemma attribute.
-    const Token& annotate_word(std::string_view text, const std::string& analysis, const TokenAttributes& attributes);
+    /// The results are valid until the next call. `analysis` is what is in the lemma attribute, and
+    /// `told_analysis` what is told of it, where tokens are.
+    const Token& annotate_word(std::string_view text, const std::string& analysis, const std::string& told_analysis,
+                               const TokenAttributes& attributes);
     const Token& annotate_punctuation(std::string_view text, const TokenAttributes& attributes);
 
 private:
     Token& begin(std::string_view text);
-    void read_analysis(std::string_view text, const std::string& analysis);
+    void read_analysis(std::string_view text, const std::string& analysis, const std::string& told);
     void set_form(std::string_view text, std::string_view lemma);
     const Token& complete(const TokenAttributes& attributes);
 

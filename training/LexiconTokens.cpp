@@ -8,7 +8,7 @@ LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation
     : m_wants_attributes(options.format == ConversionOptions::Format::CONLLU ||
                          std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
                              options.columns.end()),
-      m_annotation(annotation), m_sentences(sentences) {
+      m_annotation(annotation), m_sentences(sentences), m_is_verbose(options.verbose) {
     m_roles.add(options.word, ElementRole::WORD);
     m_roles.add(options.punctuation_elements(), ElementRole::PUNCTUATION);
     m_roles.add(options.sentence, ElementRole::SENTENCE);
@@ -27,6 +27,8 @@ void LexiconTokens::begin_token(const XmlAttributes& attributes) {
     m_text.clear();
     m_analysis = attributes.value("lemma");
     m_is_read = false;
+    if (m_is_verbose)
+        m_told_analysis = m_analysis;
     if (m_wants_attributes)
         m_attributes.assign(attributes);
 }
@@ -50,7 +52,7 @@ void LexiconTokens::end_word() {
     if (m_is_read && m_analysis.size() > 1)
         unwrap_analysis(m_analysis); // kept: a word within this one has left its own, unwrapped
     m_is_read = true;
-    const Token& token = m_annotation.annotate_word(m_text, m_analysis, m_attributes);
+    const Token& token = m_annotation.annotate_word(m_text, m_analysis, m_told_analysis, m_attributes);
     m_sentences.see(false);
     m_sentences.add(token, m_text);
     if (token.flaw != ConversionReport::NOT_JSON) // kept: text is gathered on then, up to the next token

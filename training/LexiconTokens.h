@@ -36,6 +36,8 @@ private:
     bool m_is_in_token = false;
     std::string m_text, m_analysis;
     bool m_is_read = false; ///< the analysis
+    bool m_is_verbose;
+    std::string m_told_analysis; ///< as the document has it, where tokens are told
     TokenAttributes m_attributes;
 };
 

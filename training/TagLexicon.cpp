@@ -132,6 +132,7 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const
     Counts counts;
     AnalysisPool pool(nfc);
     std::vector<Entry> entries;
+    bool has_text = false;
     errno = 0;
     std::ifstream file(filename);
     if (!file)
@@ -147,6 +148,7 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const
             ++counts.comments;
             continue;
         }
+        has_text = has_text || !trimmed(line).empty();
         const Fields fields(line);
         if (fields.count < REQUIRED) {
             ++counts.short_lines;
@@ -157,7 +159,7 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const
     }
     if (file.bad())
         throw_error(filename);
-    if (entries.empty())
+    if (!has_text)
         throw std::invalid_argument("the lexicon has no entry: " + filename);
     if (!std::ranges::is_sorted(entries, {}, &Entry::id))
         std::ranges::stable_sort(entries, {}, &Entry::id);

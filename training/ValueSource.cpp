@@ -8,6 +8,7 @@ namespace zelvor {
 namespace {
 
 constexpr std::string_view XML_PREFIX = "xml:";
+constexpr std::string_view NO_NAME = "@=<>\"'&|"; // what no attribute's name holds
 
 /// XML has no control characters below the blank but white space.
 bool is_blank(char c) { return static_cast<unsigned char>(c) <= ' '; }
@@ -63,8 +64,10 @@ std::string_view value_of_key(std::string_view pairs, std::string_view key) {
     return {};
 }
 
-bool has_empty_part(std::string_view pairs) {
-    return pairs.starts_with('|') || pairs.ends_with('|') || pairs.find("||") != std::string_view::npos;
+/// A part that is empty, or has a blank at one of its ends.
+bool has_loose_part(std::string_view pairs) {
+    return pairs.starts_with('|') || pairs.ends_with('|') || pairs.find("||") != std::string_view::npos ||
+           pairs.find(" |") != std::string_view::npos || pairs.find("| ") != std::string_view::npos;
 }
 
 bool is_tag(std::string_view pair) {
@@ -72,19 +75,19 @@ bool is_tag(std::string_view pair) {
     return key == "UPosTag" || key == "XPosTag";
 }
 
-/// Without tags and empty parts, in place: value is the whole of an attribute.
+/// Without tags, empty parts and blanks around parts, in place: value is the whole of an attribute.
 void keep_features(std::string& value) {
-    if (value.find("PosTag") == std::string::npos && !has_empty_part(value))
+    if (value.find("PosTag") == std::string::npos && !has_loose_part(value))
         return;
     std::size_t kept = 0;
     for (std::string_view rest = value; !rest.empty();) {
-        const std::string_view pair = next_part(rest, '|');
+        const std::string_view pair = trimmed_blanks(next_part(rest, '|'));
         if (pair.empty() || is_tag(pair))
             continue;
         if (kept > 0)
             value[kept++] = '|';
-        std::ranges::copy(trimmed_blanks(pair), value.begin() + static_cast<std::ptrdiff_t>(kept));
-        kept += trimmed_blanks(pair).size();
+        std::ranges::copy(pair, value.begin() + static_cast<std::ptrdiff_t>(kept));
+        kept += pair.size();
     }
     value.resize(kept);
 }
@@ -116,6 +119,11 @@ ValueSource::ValueSource(std::string_view name) {
     const bool has_key = colon != std::string_view::npos && colon >= prefix;
     m_attribute = name.substr(0, has_key ? colon : name.size());
     m_key = has_key ? name.substr(colon + 1) : "";
+    if (std::ranges::any_of(m_attribute, [](char c) { return is_blank(c) || NO_NAME.find(c) != NO_NAME.npos; }) ||
+        std::ranges::any_of(m_key, is_blank))
+        throw std::invalid_argument("'" + std::string(name) +
+                                    "' is no name of an attribute; several are separated by "
+                                    "commas alone");
     if (m_attribute.size() <= prefix || (has_key && m_key.empty()))
         throw std::invalid_argument("'" + std::string(name) + "' names no attribute, nor a key as in msd:Case");
     if (m_attribute.find(':', prefix) != std::string::npos)

@@ -155,13 +155,14 @@ private:
     Listener m_listener;
     bool m_has_error = false; ///< of this document's XML, told
     bool m_has_fatal_error = false;
+    bool m_has_endless_attribute = false;
     _xmlParserCtxt* m_current = nullptr; ///< the document's or an entity's parser, within what it calls
     std::exception_ptr m_thrown;         ///< by the handler or for lack of memory, on its way out of the XML library
     CostlyErrors m_costly_errors;
 };
 
 void XmlReader::Parser::read(const std::string& path) {
-    m_has_error = m_has_fatal_error = false;
+    m_has_error = m_has_fatal_error = m_has_endless_attribute = false;
     m_current = nullptr;
     std::string fault = path == "-" ? "" : why_unreadable(path);
     if (fault.empty()) {
@@ -214,8 +215,10 @@ void XmlReader::Parser::on_error(const Glib::ustring& text) {
     const xmlError* const error = xmlGetLastError();
     const bool is_fatal = error && error->level == XML_ERR_FATAL;
     try { // what leaves this would stop the parser, where it may read on in a text that stopping has freed
-        if (is_lack_of_memory(error) && !m_thrown)
+        // The XML library tells it also behind an attribute that is too long for it.
+        if (is_lack_of_memory(error) && !m_has_endless_attribute && !m_thrown)
             throw std::bad_alloc();
+        m_has_endless_attribute = error && error->code == XML_ERR_ATTRIBUTE_NOT_FINISHED;
         if (!m_thrown && (!m_has_error || (is_fatal && !m_has_fatal_error))) {
             m_has_error = true;
             m_has_fatal_error = is_fatal;

@@ -1,5 +1,6 @@
 #include "training/no_token.h"
 
+#include "training/ColumnLines.h"
 #include "training/SurveyAdvice.h"
 #include "training/shown_text.h"
 
@@ -26,10 +27,16 @@ struct Remedy {
     const char* text;
 };
 
+/// "1 token", "12 tokens"
+std::string tokens_text(std::uint64_t count) { return shown_count(count) + (count == 1 ? " token" : " tokens"); }
+
 constexpr Remedy REMEDIES[] = {
+    {ConversionReport::NO_ANALYSIS, "is it the lexicon of these files?"},
+    {ConversionReport::NOT_JSON, "without -l tags are read from attributes"},
+    {ConversionReport::OTHER_JSON, "without -l tags are read from attributes"},
     {ConversionReport::UNKNOWN_ID, "is it the lexicon of these files?"},
+    {ConversionReport::OUTSIDE_SENTENCE, "their sentence does not come to its end"},
     {ConversionReport::MAPPED_AWAY, "--map leaves their tags out"},
-    {ConversionReport::BREAKS_LINE, "--on-bad-token=replace writes them with _"},
     {ConversionReport::INCOMPLETE_SENTENCE, "--whole-sentences leaves them out for others in their sentences"},
 };
 
@@ -86,11 +93,13 @@ std::string Explanation::without_elements() const {
     std::ranges::copy(m_options.punctuation_elements(), std::back_inserter(names));
     std::string text = "no " + alternatives(names);
     std::string others;
-    for (const SurveyResult::TokenElement& element : m_result.token_elements)
-        if (!element.is_punctuation)
-            others += (others.empty() ? "" : ",") + element.name;
+    for (const std::string& word : m_advice.word)
+        others += (others.empty() ? "" : ",") + word;
+    if (others.empty() &&
+        std::ranges::any_of(m_result.token_elements, [](const auto& found) { return found.name == "w"; }))
+        others = "w"; // no option for the survey, but here
     if (!others.empty())
-        return text + "; try " + shell_word("--word=" + others) + " (" + shown_count(m_tokens) + " tokens" +
+        return text + "; try " + shell_word("--word=" + others) + " (" + tokens_text(m_tokens) +
                (m_is_partial ? " and more" : "") + ")";
     return text + ", nor any other element that looks like a token";
 }
@@ -117,7 +126,8 @@ std::string Explanation::without_sentences() const {
     text += "; try " + shell_word("--sentence=" + sentence->name);
     if (!m_advice.break_marks.empty() && !m_options.has_lexicon && sentence->median > LONG_SENTENCE)
         text += " " + shell_word("--break=" + m_advice.break_marks);
-    return text + " (" + shown_count(sentence->elements) + " of them hold " +
+    return text + " (" + shown_count(sentence->elements) +
+           (sentence->elements == 1 ? " of them holds " : " of them hold ") +
            alternatives(m_report.words > 0 ? m_options.word : m_options.punctuation_elements()) + extent() + ")";
 }
 
@@ -135,15 +145,22 @@ std::string Explanation::by_reasons() const {
 }
 
 std::string Explanation::remedy(ConversionReport::Count reason) const {
+    const std::string survey = "--survey tells what there is";
+    if (reason == ConversionReport::BREAKS_LINE)
+        return m_options.on_bad_token == ConversionOptions::BadToken::REPLACE
+                   ? "their lines are longer than trainers read"
+                   : "--on-bad-token=replace writes them with _";
     const auto* const found = std::ranges::find(REMEDIES, reason, &Remedy::reason);
     if (found != std::end(REMEDIES))
         return found->text;
-    const std::string name = reason == ConversionReport::NO_TAG    ? "pos"
-                             : reason == ConversionReport::NO_FORM ? "form"
-                                                                   : "sentence";
+    if (m_options.has_lexicon) // of punctuation
+        return "of punctuation, only , . ( ) [ ] \" ' have a tag";
+    const Column& column = tag_column(m_options);
+    const std::string name = reason == ConversionReport::NO_FORM ? "form" : column.name;
+    if (reason != ConversionReport::NO_FORM && column.kind == Column::Kind::OTHER)
+        return "the last column is the tag; " + survey;
     const std::string value = option(name);
-    return (value.empty() ? "--" + name + "=... says where they are" : "try " + value) +
-           "; --survey tells what there is";
+    return (value.empty() ? "--" + name + "=... says where they are" : "try " + value) + "; " + survey;
 }
 
 /// As the survey would have it.

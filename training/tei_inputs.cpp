@@ -70,6 +70,10 @@ private:
 
 } // namespace
 
+std::string told_passed_over(std::size_t files) {
+    return files == 0 ? "" : " (" + std::to_string(files) + " passed over by name)";
+}
+
 TeiInputs find_documents(const std::vector<std::string>& inputs, bool with_hidden,
                          const std::function<void(const std::string& folder, const std::string& message)>& fault) {
     Walk walk(with_hidden, fault);

@@ -15,6 +15,9 @@ struct TeiInputs {
     std::size_t passed_over = 0; ///< files below folders, for their names
 };
 
+/// " (N passed over by name)", where there are some.
+std::string told_passed_over(std::size_t files);
+
 /// The documents that inputs stand for, in ascending order of their paths as bytes, each once. A folder stands for the
 /// regular files at any depth below it, or links to such, whose names are TEI names; hidden files and folders count
 /// only where they are wanted, and links to folders are not followed. Anything else stands for itself: "-", a file of
