@@ -1,20 +1,16 @@
 #include "tools/tei2crf_options.h"
 
+#include "training/conversion_settings.h"
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
-#include <charconv>
-#include <functional>
 #include <iostream>
 #include <iterator>
-#include <map>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
-#include <thread>
 
 #include <getopt.h>
-#include <sched.h>
 
 namespace zelvor {
 
@@ -80,130 +76,30 @@ Exit status: 0 all well, 1 something could not be read or written or was malform
 )";
 
 enum LongOption {
-    COLUMNS = 256,
-    SEPARATOR,
-    ON_BAD_TOKEN,
-    HIDDEN,
-    STRICT,
-    REPORT,
-    SENTENCE,
-    WORD,
-    PUNCTUATION,
-    SKIP,
-    CHOICE,
-    BREAK,
-    FORM,
-    LEMMA,
-    POS,
-    UPOS,
-    FEATS,
-    PUNCTUATION_TAG,
-    MAP,
-    NFC,
-    HEADER,
-    WHOLE_SENTENCES,
-    SURVEY,
-    FORMAT,
+    SURVEY = 256,
+    FIRST_SETTING,
 };
 
-constexpr option OPTIONS[] = {
-    {"lexicon", required_argument, nullptr, 'l'},
-    {"output", required_argument, nullptr, 'o'},
-    {"sentence", required_argument, nullptr, SENTENCE},
-    {"word", required_argument, nullptr, WORD},
-    {"punctuation", required_argument, nullptr, PUNCTUATION},
-    {"skip", required_argument, nullptr, SKIP},
-    {"choice", required_argument, nullptr, CHOICE},
-    {"break", required_argument, nullptr, BREAK},
-    {"form", required_argument, nullptr, FORM},
-    {"lemma", required_argument, nullptr, LEMMA},
-    {"pos", required_argument, nullptr, POS},
-    {"upos", required_argument, nullptr, UPOS},
-    {"feats", required_argument, nullptr, FEATS},
-    {"punctuation-tag", required_argument, nullptr, PUNCTUATION_TAG},
-    {"map", required_argument, nullptr, MAP},
-    {"nfc", no_argument, nullptr, NFC},
-    {"format", required_argument, nullptr, FORMAT},
-    {"columns", required_argument, nullptr, COLUMNS},
-    {"separator", required_argument, nullptr, SEPARATOR},
-    {"header", no_argument, nullptr, HEADER},
-    {"on-bad-token", required_argument, nullptr, ON_BAD_TOKEN},
-    {"whole-sentences", no_argument, nullptr, WHOLE_SENTENCES},
-    {"survey", no_argument, nullptr, SURVEY},
-    {"jobs", required_argument, nullptr, 'j'},
-    {"hidden", no_argument, nullptr, HIDDEN},
-    {"strict", no_argument, nullptr, STRICT},
-    {"report", required_argument, nullptr, REPORT},
-    {"verbose", no_argument, nullptr, 'v'},
-    {"quiet", no_argument, nullptr, 'q'},
-    {"help", no_argument, nullptr, 'h'},
-    {"version", no_argument, nullptr, 'V'},
-    {nullptr, 0, nullptr, 0},
-};
-
-/// These are about annotation in attributes.
-constexpr int WITHOUT_LEXICON[] = {SKIP, CHOICE, BREAK, FORM, LEMMA, POS, UPOS, FEATS, PUNCTUATION_TAG};
-constexpr int WITH_COLUMNS[] = {COLUMNS, SEPARATOR, HEADER};
-constexpr int WITH_SURVEY[] = {SURVEY, HIDDEN, SKIP, 'q'};
-
-constexpr std::size_t MAX_JOBS = 1024;
-
-template<typename Value>
-struct Choice {
-    std::string_view name;
-    Value value;
-};
-
-constexpr Choice<bool> CHOICES[] = {{"regular", false}, {"original", true}};
-constexpr Choice<ConversionOptions::Format> FORMATS[] = {{"columns", ConversionOptions::Format::COLUMNS},
-                                                         {"conllu", ConversionOptions::Format::CONLLU}};
-constexpr Choice<char> SEPARATORS[] = {{"blank", ' '}, {"tab", '\t'}};
-constexpr Choice<ConversionOptions::BadToken> BAD_TOKENS[] = {{"drop", ConversionOptions::BadToken::DROP},
-                                                              {"replace", ConversionOptions::BadToken::REPLACE},
-                                                              {"fail", ConversionOptions::BadToken::FAIL}};
-
-/// The value of this name. Throws std::invalid_argument, which names those that there are.
-template<typename Value, std::size_t N>
-Value choose(const Choice<Value> (&choices)[N], std::string_view name) {
-    const auto found = std::ranges::find(choices, name, &Choice<Value>::name);
-    if (found != std::end(choices))
-        return found->value;
-    std::string names;
-    for (const Choice<Value>& choice : choices)
-        names.append(names.empty() ? "" : ", ").append(choice.name);
-    throw std::invalid_argument("it is one of " + names);
+/// What getopt_long tells of an option: its letter, or a number.
+int key_of(const ConversionSetting& setting) {
+    return setting.letter ? setting.letter : FIRST_SETTING + static_cast<int>(&setting - conversion_settings().data());
 }
 
-ConversionOptions::Names read_names(std::string_view list) {
-    ConversionOptions::Names names;
-    for (const std::string_view name : split_list(list)) {
-        if (name.empty() || name.find_first_of(": \t\r\n<>") != std::string_view::npos)
-            throw std::invalid_argument("names of elements, without prefix, separated by commas");
-        names.emplace_back(name);
-    }
-    return names;
+std::vector<option> long_options() {
+    std::vector<option> options;
+    for (const ConversionSetting& setting : conversion_settings())
+        options.push_back(
+            {setting.name.data(), setting.kind != ConversionSetting::Kind::FLAG, nullptr, key_of(setting)});
+    options.insert(options.end(), {{"survey", no_argument, nullptr, SURVEY},
+                                   {"quiet", no_argument, nullptr, 'q'},
+                                   {"help", no_argument, nullptr, 'h'},
+                                   {"version", no_argument, nullptr, 'V'},
+                                   {nullptr, 0, nullptr, 0}});
+    return options;
 }
 
-std::string read_path(const std::string& path) {
-    if (path.empty())
-        throw std::invalid_argument("the name of a file");
-    return path;
-}
-
-std::size_t read_jobs(const std::string& text) {
-    std::size_t jobs = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), jobs);
-    if (error != std::errc() || end != text.data() + text.size() || jobs < 1 || jobs > MAX_JOBS)
-        throw std::invalid_argument("a number from 1 to " + std::to_string(MAX_JOBS));
-    return jobs;
-}
-
-/// The cores that the process may use.
-std::size_t available_cores() {
-    cpu_set_t cores;
-    const bool is_known = sched_getaffinity(0, sizeof cores, &cores) == 0;
-    return is_known ? static_cast<std::size_t>(CPU_COUNT(&cores)) : std::max(1U, std::thread::hardware_concurrency());
-}
+/// These go with a survey.
+constexpr std::string_view WITH_SURVEY[] = {"hidden", "skip"};
 
 int complain(const std::string& message) {
     std::cerr << "tei2crf: " << message << '\n';
@@ -222,80 +118,40 @@ int print(std::string_view text) {
     }
 }
 
-std::string name_of(int key) { return std::ranges::find(OPTIONS, key, &option::val)->name; }
-
-/// Throws std::invalid_argument, which says what the value should be.
-void apply(int key, const std::string& value, Tei2crfOptions& options) {
-    using Use = ValueSources::Use;
-    ConversionTask& task = options.task;
-    ConversionOptions& conversion = task.options;
-    const std::map<int, std::function<void()>> actions{
-        {'j', [&] { task.jobs = read_jobs(value); }},
-        {'l', [&] { task.lexicon = read_path(value); }},
-        {'o', [&] { task.output = read_path(value); }},
-        {'v', [&] { conversion.verbose = true; }},
-        {'q', [&] { ++options.quiet; }},
-        {SENTENCE, [&] { conversion.sentence = read_names(value); }},
-        {WORD, [&] { conversion.word = read_names(value); }},
-        {PUNCTUATION, [&] { conversion.punctuation = read_names(value); }},
-        {SKIP, [&] { conversion.skip = value.empty() ? ConversionOptions::Names() : read_names(value); }},
-        {CHOICE, [&] { conversion.original_choice = choose(CHOICES, value); }},
-        {BREAK, [&] { conversion.break_marks = value; }},
-        {FORM, [&] { conversion.form = ValueSources(value, Use::FORM); }},
-        {LEMMA, [&] { conversion.lemma = ValueSources(value, Use::OTHER); }},
-        {POS, [&] { conversion.pos = ValueSources(value, Use::OTHER); }},
-        {UPOS, [&] { conversion.upos = ValueSources(value, Use::OTHER); }},
-        {FEATS, [&] { conversion.feats = ValueSources(value, Use::FEATS); }},
-        {PUNCTUATION_TAG, [&] { conversion.punctuation_tag = value; }},
-        {MAP, [&] { task.map = read_path(value); }},
-        {NFC, [&] { conversion.nfc = true; }},
-        {FORMAT, [&] { conversion.format = choose(FORMATS, value); }},
-        {COLUMNS, [&] { conversion.columns = read_columns(value); }},
-        {SEPARATOR, [&] { conversion.separator = choose(SEPARATORS, value); }},
-        {HEADER, [&] { conversion.header = true; }},
-        {ON_BAD_TOKEN, [&] { conversion.on_bad_token = choose(BAD_TOKENS, value); }},
-        {WHOLE_SENTENCES, [&] { conversion.whole_sentences = true; }},
-        {SURVEY, [&] { options.survey = true; }},
-        {HIDDEN, [&] { task.hidden = true; }},
-        {STRICT, [&] { conversion.strict = true; }},
-        {REPORT, [&] { task.report = value == "-" ? read_path("") : read_path(value); }},
-    };
-    actions.at(key)();
-}
+using Settings = std::vector<const ConversionSetting*>;
 
 /// Applies one option; false after a complaint.
-bool read_option(int key, Tei2crfOptions& options) {
-    if (key == '?') // getopt_long has complained
-        return false;
+bool read_option(int key, Tei2crfOptions& options, Settings& given) {
+    options.quiet += key == 'q';
+    options.survey = options.survey || key == SURVEY;
+    const auto setting = std::ranges::find(conversion_settings(), key, key_of);
+    if (setting == conversion_settings().end())
+        return key != '?'; // getopt_long has complained
+    given.push_back(&*setting);
     const std::string value = optarg ? optarg : "";
     try {
-        apply(key, value, options);
+        setting->set(options.task, value);
         return true;
     } catch (const std::invalid_argument& error) {
-        complain("wrong value of --" + name_of(key) + ": '" + value + "': " + error.what());
+        complain("wrong value of --" + std::string(setting->name) + ": '" + value + "': " + error.what());
         return false;
     }
 }
 
-int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
-    const auto first_of = [&](auto is_wrong) {
-        const auto found = std::ranges::find_if(keys, is_wrong);
-        return found == keys.end() ? "" : name_of(*found);
-    };
-    const auto is_in = [](const auto& list, int key) { return std::ranges::find(list, key) != std::end(list); };
-    if (const std::string name = first_of([&](int key) { return is_in(WITHOUT_LEXICON, key); });
-        !options.task.lexicon.empty() && !name.empty())
-        return complain("--" + name + " goes without -l only: it is about annotation in attributes");
-    if (const std::string name = first_of([&](int key) { return !is_in(WITH_SURVEY, key); });
-        options.survey && !name.empty())
-        return complain("--" + name + " does not go with --survey: it writes nothing but what is in the files");
-    if (const std::string name = first_of([&](int key) { return is_in(WITH_COLUMNS, key); });
-        options.task.options.format == ConversionOptions::Format::CONLLU && !name.empty())
-        return complain("--" + name + " does not go with --format=conllu: its columns are always the same");
-    const std::vector<Column>& columns = options.task.options.columns;
-    if (const auto column = std::ranges::find_if(columns, &Column::is_category);
-        options.task.lexicon.empty() && column != columns.end())
-        return complain("column '" + column->name + "' goes with -l only: a lexicon has it");
+std::string spelt(std::string_view name) { return name == "lexicon" ? "-l" : "--" + std::string(name); }
+
+int check(Tei2crfOptions& options, const Settings& given) {
+    try {
+        complete_settings(options.task, given, spelt);
+    } catch (const std::invalid_argument& error) {
+        return complain(error.what());
+    }
+    const auto odd = std::ranges::find_if(given, [](const ConversionSetting* setting) {
+        return std::ranges::find(WITH_SURVEY, setting->name) == std::end(WITH_SURVEY);
+    });
+    if (options.survey && odd != given.end())
+        return complain("--" + std::string((*odd)->name) +
+                        " does not go with --survey: it writes nothing but what is in the files");
     if (options.task.inputs.empty())
         return complain("no input: name a file, a folder, or - for standard input");
     return 0;
@@ -306,24 +162,21 @@ int check(const Tei2crfOptions& options, const std::vector<int>& keys) {
 std::optional<Tei2crfOptions> read_tei2crf_options(int argc, char** argv, int& status) {
     Tei2crfOptions options;
     options.task.jobs = available_cores();
-    std::vector<int> keys;
+    const std::vector<option> long_names = long_options();
+    Settings given;
     status = 0;
-    for (int key; status == 0 && (key = getopt_long(argc, argv, "l:o:j:vqhV", OPTIONS, nullptr)) != -1;) {
+    for (int key; status == 0 && (key = getopt_long(argc, argv, "l:o:j:vqhV", long_names.data(), nullptr)) != -1;) {
         if (key == 'h' || key == 'V') {
             status =
                 print(key == 'h' ? std::string(USAGE) + std::string(HELP) : "tei2crf (zelvor) " ZELVOR_VERSION "\n");
             return std::nullopt;
         }
-        keys.push_back(key);
-        if (!read_option(key, options))
+        if (!read_option(key, options, given))
             status = 2;
     }
     if (status == 0) {
         options.task.inputs.assign(argv + optind, argv + argc);
-        options.task.options.has_lexicon = !options.task.lexicon.empty();
-        if (options.task.options.format == ConversionOptions::Format::CONLLU)
-            options.task.options.choose_conllu();
-        status = check(options, keys);
+        status = check(options, given);
     }
     if (status == 0)
         return options;
