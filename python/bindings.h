@@ -5,6 +5,8 @@
 #include <pybind11/pybind11.h>
 
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 /// What the binding files share. Each binds one class, or one group of functions, of the module zelvor._zelvor.
@@ -70,6 +72,9 @@ namespace zelvor::python {
 /// Throws std::system_error, which is an OSError in Python, for a file that could not be read.
 void require_readable(const std::string& filename);
 
+/// The OSError of it, of the right subclass.
+py::object os_error(const std::system_error& error);
+
 /// What a caller's own container holds; anything but a str is a TypeError.
 inline Text text_of(const py::handle& text) {
     if (!py::isinstance<py::str>(text))
@@ -77,12 +82,18 @@ inline Text text_of(const py::handle& text) {
     return py::cast<Text>(text);
 }
 
-/// A str of UTF-8.
-inline py::str to_str(const std::string& text) {
-    PyObject* const decoded = PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), nullptr);
+/// A str of UTF-8; with errors as Python names their handling, or strict.
+inline py::str to_str(std::string_view text, const char* errors = nullptr) {
+    PyObject* const decoded = PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), errors);
     if (!decoded)
         throw py::error_already_set();
     return py::reinterpret_steal<py::str>(decoded);
+}
+
+/// A str of a path as the system spells it.
+inline py::str path_to_str(std::string_view path) {
+    return py::reinterpret_steal<py::str>(
+        PyUnicode_DecodeFSDefaultAndSize(path.data(), static_cast<Py_ssize_t>(path.size())));
 }
 
 /// Calls use(text) for each str of an iterable; a str itself would be taken apart, and is a TypeError.
@@ -97,9 +108,13 @@ void for_each_text(const py::iterable& texts, Use use) {
     }
 }
 
+void bind_conversion(py::module_& module);
 void bind_language_model(py::module_& module);
 void bind_lexicon(py::module_& module);
+void bind_reader(py::module_& module);
+void bind_report(py::module_& module);
 void bind_rules(py::module_& module);
+void bind_survey(py::module_& module);
 void bind_text(py::module_& module);
 void bind_trie(py::module_& module);
 

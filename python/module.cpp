@@ -8,27 +8,25 @@ namespace zelvor::python {
 
 namespace {
 
-/// OSError(number, message, file name) makes itself the right subclass.
-void raise_os_error(const std::system_error& error) {
-    const std::string what = error.what(), message = ": " + error.code().message();
-    const std::string name = what.ends_with(message) ? what.substr(0, what.size() - message.size()) : what;
-    const auto filename = py::reinterpret_steal<py::object>(
-        PyUnicode_DecodeFSDefaultAndSize(name.data(), static_cast<Py_ssize_t>(name.size())));
-    const py::object type = py::reinterpret_borrow<py::object>(PyExc_OSError);
-    const py::object raised = type(error.code().value(), error.code().message(), filename);
-    PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
-}
-
 void translate(std::exception_ptr pexception) {
     try {
         if (pexception)
             std::rethrow_exception(pexception);
     } catch (const std::system_error& error) {
-        raise_os_error(error);
+        const py::object raised = os_error(error);
+        PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
     }
 }
 
 } // namespace
+
+/// OSError(number, message, file name) makes itself the right subclass.
+py::object os_error(const std::system_error& error) {
+    const std::string what = error.what(), message = ": " + error.code().message();
+    const std::string name = what.ends_with(message) ? what.substr(0, what.size() - message.size()) : what;
+    return py::reinterpret_borrow<py::object>(PyExc_OSError)(error.code().value(), error.code().message(),
+                                                             path_to_str(name));
+}
 
 void require_readable(const std::string& filename) {
     errno = 0;
@@ -47,11 +45,15 @@ PYBIND11_MODULE(_zelvor, module) {
     py::register_local_exception_translator(translate);
     module.doc() = "The compiled part of zelvor.";
     module.attr("__version__") = ZELVOR_VERSION;
+    bind_report(module);
+    bind_conversion(module);
     bind_language_model(module);
     bind_lexicon(module);
+    bind_reader(module);
     bind_rules(module);
+    bind_survey(module);
     bind_text(module);
     bind_trie(module);
-    for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Rules", "Trie"})
+    for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Report", "Rules", "TeiReader", "Trie"})
         module.attr(name).attr("__module__") = "zelvor"; // where users find them
 }

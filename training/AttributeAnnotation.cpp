@@ -73,6 +73,7 @@ void AttributeAnnotation::read_value(const ValueSources& sources, const TeiToken
 void AttributeAnnotation::add_token(const TeiToken& token) {
     Token annotated;
     annotated.form = token.form;
+    annotated.attributes = &token.attributes;
     annotated.is_overlong = token.form.size() + 2 > MAX_TOKEN_TEXT; // it may be cut, but for blanks at its ends
     if (token.form.empty() && !annotated.is_overlong)
         annotated.flaw = ConversionReport::NO_FORM;

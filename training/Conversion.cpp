@@ -15,6 +15,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <stop_token>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -47,6 +48,7 @@ private:
     void read_documents();
     void convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables);
     void check_that_something_came();
+    void check_that_it_is_wanted() const;
     void complain(const std::string& message) { m_observer.complain(message); }
     void end(const std::string& message);
     void write_report();
@@ -63,7 +65,7 @@ private:
     std::uint64_t m_tokens = 0;
     bool m_has_fault = false;
     bool m_is_header_due = false;
-    bool m_has_ended = true;
+    std::exception_ptr m_why_stopped;
 };
 
 ConversionResult Conversion::run() {
@@ -82,7 +84,7 @@ ConversionResult Conversion::run() {
     }
     m_output.reset();
     write_report();
-    return {m_has_fault ? 1 : 0, m_report, m_has_ended};
+    return {m_has_fault ? 1 : 0, m_report, m_why_stopped == nullptr, m_why_stopped};
 }
 
 void Conversion::convert() {
@@ -96,9 +98,11 @@ void Conversion::convert() {
         throw ConversionStopped("no file whose name ends in .tei or .xml" +
                                 told_passed_over(m_report[ConversionReport::FILES_PASSED_OVER]));
     load_tables();
+    check_that_it_is_wanted();
     m_output = std::make_unique<OutputFile>(m_task.output);
     m_is_header_due = m_task.options.header;
     read_documents();
+    check_that_it_is_wanted();
     check_that_something_came();
     m_output->commit();
 }
@@ -161,6 +165,7 @@ void Conversion::read_documents() {
     const DocumentConverter::Tables tables{m_task.lexicon.empty() ? nullptr : &m_lexicon,
                                            m_task.map.empty() ? nullptr : &m_map, jobs};
     DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES);
+    const std::stop_callback on_cancelled(m_observer.cancelled, [&turns] { turns.stop(nullptr); });
     {
         std::vector<std::jthread> threads;
         try {
@@ -190,6 +195,11 @@ void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter
     } catch (...) {
         turns.stop(std::current_exception());
     }
+}
+
+void Conversion::check_that_it_is_wanted() const {
+    if (m_observer.cancelled.stop_requested())
+        throw ConversionStopped("cancelled");
 }
 
 void Conversion::check_that_something_came() {
@@ -222,9 +232,10 @@ void Conversion::fault(const std::string& message) {
     complain(message);
 }
 
-/// What went to a stream before the end stays; a file does not appear, and then nothing counts as written.
+/// Called while what stopped the run is handled. What went to a stream before the end stays; a file does not appear,
+/// and then nothing counts as written.
 void Conversion::end(const std::string& message) {
-    m_has_ended = false;
+    m_why_stopped = std::current_exception();
     m_has_fault = true;
     complain(message);
     try {
@@ -238,9 +249,9 @@ void Conversion::end(const std::string& message) {
         m_report[count] = 0;
 }
 
-/// The report goes out whatever has happened.
+/// The report goes out whatever has happened, unless nobody wants it.
 void Conversion::write_report() {
-    if (!m_report_file)
+    if (!m_report_file || m_observer.cancelled.stop_requested())
         return;
     try {
         m_report_file->write(m_report.json(m_has_fault ? 1 : 0));

@@ -4,8 +4,10 @@
 #include "training/ConversionReport.h"
 
 #include <cstddef>
+#include <exception>
 #include <functional>
 #include <stdexcept>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -37,12 +39,15 @@ struct ConversionObserver {
     std::function<void(const std::string& message)> leave_out;
     /// Documents that have ended, all documents, and tokens written; often.
     std::function<void(std::size_t ended, std::size_t all, std::uint64_t tokens)> progress;
+    /// Stops the run at its next token, from any thread; neither output nor report appears then.
+    std::stop_token cancelled = {};
 };
 
 struct ConversionResult {
     int status = 0; ///< 0 all well, 1 something could not be read or written or was malformed
     ConversionReport report;
-    bool has_ended = true; ///< false: a message has told why it stopped, and there is nothing more to say
+    bool has_ended = true;          ///< false: a message has told why it stopped, and there is nothing more to say
+    std::exception_ptr why_stopped; ///< std::system_error of a file, std::invalid_argument of what is in one, or others
 };
 
 /// Runs a conversion. An output file appears when all went well enough for it to be there, a report in any case. Throws

@@ -42,7 +42,11 @@ std::vector<Column> read_columns(std::string_view names);
 /// What is to be read of the documents of a conversion, and how it is to be written.
 struct ConversionOptions {
     enum class BadToken { DROP, REPLACE, FAIL };
-    enum class Format { COLUMNS, CONLLU };
+    enum class Format {
+        COLUMNS,
+        CONLLU,
+        TOKENS, ///< of a SentenceFormat that is not ours, as they are
+    };
     using Names = std::vector<std::string>;
 
     bool has_lexicon = false; ///< tags come from it, by the JSON of analyses; otherwise from attributes

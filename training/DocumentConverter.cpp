@@ -10,7 +10,7 @@
 #include "training/XmlReader.h"
 
 #include <exception>
-#include <variant>
+#include <utility>
 
 namespace zelvor {
 
@@ -84,8 +84,8 @@ std::unique_ptr<SentenceFormat> make_format(const ConversionOptions& options) {
 } // namespace
 
 struct DocumentConverter::Stages {
-    Stages(const ConversionOptions& all_options, const Tables& tables)
-        : options(all_options), format(make_format(options)),
+    Stages(const ConversionOptions& all_options, const Tables& tables, std::unique_ptr<SentenceFormat> own_format)
+        : options(all_options), format(own_format ? std::move(own_format) : make_format(options)),
           sentences(options, *format, report, [this] { return reader->place(); }) {
         if (tables.lexicon)
             from_lexicon = std::make_unique<FromLexicon>(options, tables, sentences);
@@ -139,10 +139,13 @@ void DocumentConverter::Stages::fault(const XmlPlace& place, const std::string& 
         reader->stop(std::make_exception_ptr(ConversionStopped("at the fault of " + document)));
 }
 
-DocumentConverter::DocumentConverter(const ConversionOptions& options, const Tables& tables)
-    : m_stages(std::make_unique<Stages>(options, tables)) {}
+DocumentConverter::DocumentConverter(const ConversionOptions& options, const Tables& tables,
+                                     std::unique_ptr<SentenceFormat> format)
+    : m_stages(std::make_unique<Stages>(options, tables, std::move(format))) {}
 
 DocumentConverter::~DocumentConverter() = default;
+
+XmlPlace DocumentConverter::place() const { return m_stages->reader->place(); }
 
 const ConversionReport& DocumentConverter::report() const { return m_stages->report; }
 

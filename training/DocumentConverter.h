@@ -2,6 +2,7 @@
 
 #include "training/ConversionOptions.h"
 #include "training/ConversionReport.h"
+#include "training/SentenceFormat.h"
 #include "training/Sentences.h"
 
 #include <memory>
@@ -24,8 +25,9 @@ public:
         std::size_t jobs = 1;                ///< converters that remember analyses within one bound
     };
 
-    /// Options and tables must live as long as this.
-    DocumentConverter(const ConversionOptions& options, const Tables& tables);
+    /// Options and tables must live as long as this. Without a format it is the one of the options.
+    DocumentConverter(const ConversionOptions& options, const Tables& tables,
+                      std::unique_ptr<SentenceFormat> format = nullptr);
     ~DocumentConverter();
     DocumentConverter(const DocumentConverter&) = delete;
     DocumentConverter& operator=(const DocumentConverter&) = delete;
@@ -34,6 +36,9 @@ public:
     /// sentences before a fault count; so do those before ConversionStopped, which leaves this as everything does that
     /// the sink throws, and std::bad_alloc.
     void convert(const std::string& path, std::size_t number, ConversionSink& sink);
+
+    /// Within the calls of sink and format: where the reader is, as of a token where it ends.
+    XmlPlace place() const;
 
     /// Of the last document, or as far as it is.
     const ConversionReport& report() const;

@@ -94,6 +94,7 @@ const Token& LexiconAnnotation::complete(const TokenAttributes& attributes) {
         if (column.kind == Column::Kind::OTHER)
             column.source.front().read(attributes, m_others[column.other]);
     m_token.others = m_others;
+    m_token.attributes = &attributes;
     m_token.join = attributes.value("join");
     if (m_options.nfc) {
         const auto normalize = [](std::string_view& value, std::string& place) {

@@ -5,7 +5,7 @@
 namespace zelvor {
 
 LexiconTokens::LexiconTokens(const ConversionOptions& options, LexiconAnnotation& annotation, Sentences& sentences)
-    : m_wants_attributes(options.format == ConversionOptions::Format::CONLLU ||
+    : m_wants_attributes(options.format != ConversionOptions::Format::COLUMNS ||
                          std::ranges::find(options.columns, Column::Kind::OTHER, &Column::kind) !=
                              options.columns.end()),
       m_annotation(annotation), m_sentences(sentences), m_is_verbose(options.verbose) {

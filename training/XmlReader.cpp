@@ -26,14 +26,6 @@ namespace zelvor {
 
 namespace {
 
-/// Why a path cannot be read; empty for any readable file, a pipe included.
-std::string why_unreadable(const std::string& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0 || faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
-        return std::strerror(errno);
-    return S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "";
-}
-
 bool is_lack_of_memory(const xmlError* error) { return error && error->code == XML_ERR_NO_MEMORY; }
 
 std::string_view as_text(const xmlChar* text, int length) {
@@ -85,6 +77,13 @@ std::string_view XmlAttributes::value(std::string_view name) const {
             found = value;
     });
     return found;
+}
+
+int reading_error(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0 || faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
+        return errno;
+    return S_ISDIR(status.st_mode) ? EISDIR : 0;
 }
 
 std::string to_string(const XmlPlace& place, const std::string& document) {
@@ -164,7 +163,8 @@ private:
 void XmlReader::Parser::read(const std::string& path) {
     m_has_error = m_has_fatal_error = m_has_endless_attribute = false;
     m_current = nullptr;
-    std::string fault = path == "-" ? "" : why_unreadable(path);
+    const int error = path == "-" ? 0 : reading_error(path);
+    std::string fault = error == 0 ? "" : std::strerror(error);
     if (fault.empty()) {
         const MessageCollector messages;
         fault = parse(path);

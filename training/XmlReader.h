@@ -53,6 +53,9 @@ struct XmlPlace {
 /// "FILE:LINE", or what of it there is; `document` where the place names no file.
 std::string to_string(const XmlPlace& place, const std::string& document);
 
+/// The system's number of what keeps a path from being read; 0 for any readable file, a pipe included.
+int reading_error(const std::string& path);
+
 /// Reads documents one after the other as a stream, entities expanded: external ones only from regular files at or
 /// below the document's folder, none for standard input. Several readers may read at the same time, each in a thread of
 /// its own.

@@ -21,7 +21,7 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
     const TeiInputs inputs = find_documents(task.inputs, task.hidden, complain);
     if (inputs.documents.empty())
         observer.complain("no file whose name ends in .tei or .xml" + told_passed_over(inputs.passed_over));
-    for (std::size_t i = 0; i < inputs.documents.size(); ++i) {
+    for (std::size_t i = 0; i < inputs.documents.size() && !observer.cancelled.stop_requested(); ++i) {
         const std::string& path = inputs.documents[i];
         document = path == "-" ? "standard input" : path;
         const std::size_t faults = found.faults;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct SurveyObserver {
     std::function<void(const std::string& message)> complain;
     /// Documents that have ended, all documents, and tokens; after each document. Must not throw.
     std::function<void(std::size_t ended, std::size_t all, std::uint64_t tokens)> progress;
+    /// Ends the survey before its next document, from any thread.
+    std::stop_token cancelled = {};
 };
 
 struct DocumentsSurvey {

@@ -48,7 +48,8 @@ def test_stub_names_what_is_there():
         names = set()
         for node in ast.parse(stub.read()).body:
             if isinstance(node, ast.ClassDef):
-                names |= {f"{node.name}.{part.name}" for part in node.body if not part.name.startswith("_")}
+                names |= {f"{node.name}.{name}" for part in node.body
+                          if not (name := getattr(part, "name", None) or part.target.id).startswith("_")}
             if isinstance(node, (ast.ClassDef, ast.FunctionDef)):
                 names.add(node.name)
     assert names == {name for name, _ in members()} | {"EntryIterator"}

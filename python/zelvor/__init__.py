@@ -1,4 +1,4 @@
-"""Lexica, letter tries, rules and language models for people who train taggers, Latin first.
+"""TEI corpora, lexica, letter tries, rules and language models for people who train taggers, Latin first.
 
 >>> from zelvor import Trie
 >>> Trie(["agricola", "nauta"]).fuzzy("agricela")
@@ -9,11 +9,15 @@ from ._zelvor import (
     Entry,
     LanguageModel,
     Lexicon,
+    Report,
     Rules,
+    TeiReader,
+    Token,
     Trie,
     __version__,
     contains_latin_letters,
     contains_letters,
+    convert,
     edit_distance,
     is_adjective,
     is_cardinal_number,
@@ -23,16 +27,22 @@ from ._zelvor import (
     is_roman_numeral,
     is_verb,
     normalize_case,
+    read_tei,
+    survey,
 )
 
 __all__ = [
     "Entry",
     "LanguageModel",
     "Lexicon",
+    "Report",
     "Rules",
+    "TeiReader",
+    "Token",
     "Trie",
     "contains_latin_letters",
     "contains_letters",
+    "convert",
     "edit_distance",
     "is_adjective",
     "is_cardinal_number",
@@ -42,4 +52,6 @@ __all__ = [
     "is_roman_numeral",
     "is_verb",
     "normalize_case",
+    "read_tei",
+    "survey",
 ]

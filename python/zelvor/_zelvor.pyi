@@ -1,10 +1,48 @@
 import os
-from typing import Callable, Iterable, Iterator, Mapping, Optional, Union
+from typing import Any, Callable, Iterable, Iterator, Mapping, NamedTuple, Optional, Union
 
 _Path = Union[str, bytes, "os.PathLike[str]", "os.PathLike[bytes]"]
 _OnBadLine = Optional[Callable[[int, str], object]]
 
+_Paths = Union[_Path, Iterable[_Path]]
+_Names = Union[str, Iterable[str], None]
+
 __version__: str
+
+class Token(NamedTuple):
+    form: str
+    lemma: str
+    pos: str
+    upos: str
+    feats: str
+    attributes: dict[str, str]
+    file: str
+    line: int
+
+class Report:
+    @property
+    def files(self) -> dict[str, int]: ...
+    @property
+    def sentences(self) -> dict[str, int]: ...
+    @property
+    def tokens(self) -> dict[str, int]: ...
+    @property
+    def values(self) -> dict[str, int]: ...
+    @property
+    def left_out(self) -> dict[str, int]: ...
+    @property
+    def lexicon(self) -> dict[str, int]: ...
+    @property
+    def status(self) -> int: ...
+    @property
+    def messages(self) -> list[str]: ...
+    def as_dict(self) -> dict[str, Any]: ...
+
+class TeiReader(Iterator[list[Token]]):
+    def __iter__(self) -> TeiReader: ...
+    def __next__(self) -> list[Token]: ...
+    @property
+    def report(self) -> Report: ...
 
 class Trie:
     def __init__(
@@ -121,3 +159,58 @@ def contains_letters(text: str) -> bool: ...
 def is_roman_numeral(text: str) -> bool: ...
 def is_ordinal_number(text: str) -> bool: ...
 def is_cardinal_number(text: str) -> bool: ...
+def read_tei(
+    paths: _Paths,
+    lexicon: Optional[_Path] = None,
+    *,
+    sentence: _Names = None,
+    word: _Names = None,
+    punctuation: _Names = None,
+    skip: _Names = None,
+    choice: Optional[str] = None,
+    break_: Optional[str] = None,
+    form: _Names = None,
+    lemma: _Names = None,
+    pos: _Names = None,
+    upos: _Names = None,
+    feats: _Names = None,
+    punctuation_tag: Optional[str] = None,
+    map: Optional[_Path] = None,
+    nfc: bool = False,
+    whole_sentences: bool = False,
+    hidden: bool = False,
+    strict: bool = False,
+) -> TeiReader: ...
+def convert(
+    inputs: _Paths,
+    output: _Path,
+    lexicon: Optional[_Path] = None,
+    jobs: Optional[int] = None,
+    progress: Optional[Callable[[int, int, int], object]] = None,
+    *,
+    sentence: _Names = None,
+    word: _Names = None,
+    punctuation: _Names = None,
+    skip: _Names = None,
+    choice: Optional[str] = None,
+    break_: Optional[str] = None,
+    form: _Names = None,
+    lemma: _Names = None,
+    pos: _Names = None,
+    upos: _Names = None,
+    feats: _Names = None,
+    punctuation_tag: Optional[str] = None,
+    map: Optional[_Path] = None,
+    nfc: bool = False,
+    whole_sentences: bool = False,
+    hidden: bool = False,
+    strict: bool = False,
+    format: Optional[str] = None,
+    columns: _Names = None,
+    separator: Optional[str] = None,
+    header: bool = False,
+    on_bad_token: Optional[str] = None,
+    report: Optional[_Path] = None,
+    verbose: bool = False,
+) -> Report: ...
+def survey(inputs: _Paths, *, skip: Optional[list[str]] = None, hidden: bool = False) -> dict[str, Any]: ...

@@ -1,0 +1,127 @@
+#include "training/Conversion.h"
+#include "python/background.h"
+#include "python/keywords.h"
+#include "python/report.h"
+#include "training/conversion_settings.h"
+
+#include <algorithm>
+#include <array>
+#include <mutex>
+#include <new>
+#include <stdexcept>
+
+namespace zelvor::python {
+
+namespace {
+
+/// What a run tells, from its threads to Python's.
+class Bulletin {
+public:
+    using Counts = std::array<std::uint64_t, 3>; ///< documents that have ended, all documents, tokens
+
+    ConversionObserver observer(std::stop_token cancelled) {
+        const auto add = [this](const std::string& message) { messages.push_back(message); };
+        return {add, add,
+                [this](std::size_t ended, std::size_t all, std::uint64_t tokens) {
+                    const std::lock_guard lock(m_mutex);
+                    m_counts = {ended, all, tokens};
+                },
+                std::move(cancelled)};
+    }
+
+    /// Calls progress(ended, all, tokens) where these are others than before.
+    void tell(const py::object& progress) {
+        if (progress.is_none())
+            return;
+        Counts counts;
+        {
+            const std::lock_guard lock(m_mutex);
+            counts = m_counts;
+        }
+        if (counts != m_told)
+            progress(counts[0], counts[1], counts[2]);
+        m_told = counts;
+    }
+
+    std::vector<std::string> messages; ///< complete when the run has ended
+
+private:
+    std::mutex m_mutex;
+    Counts m_counts{}, m_told{};
+};
+
+/// The exception of Python for what stopped a run.
+py::object exception_of(const std::exception_ptr& why_stopped, const std::string& message) {
+    const auto make = [&](PyObject* type) {
+        return py::reinterpret_borrow<py::object>(type)(to_str(with_keywords(message), "replace"));
+    };
+    try {
+        std::rethrow_exception(why_stopped);
+    } catch (const std::system_error& error) {
+        return os_error(error);
+    } catch (const std::invalid_argument&) {
+        return make(PyExc_ValueError);
+    } catch (const std::bad_alloc&) {
+        return make(PyExc_MemoryError);
+    } catch (const std::exception&) {
+        return make(PyExc_RuntimeError);
+    }
+}
+
+py::object convert(const py::object& inputs, const Path& output, const py::object& lexicon, const py::object& jobs,
+                   const py::object& progress, const py::kwargs& options) {
+    ConversionTask task = task_of(inputs, lexicon, options, false);
+    if (output.name.empty())
+        throw std::system_error(ENOENT, std::generic_category(), output.name);
+    task.output = output.name == "-" ? "./-" : output.name;
+    task.jobs = available_cores();
+    if (!jobs.is_none())
+        set_option("jobs", jobs, task);
+    Bulletin bulletin;
+    const auto run = [&](std::stop_token cancelled) {
+        return run_conversion(task, bulletin.observer(std::move(cancelled)));
+    };
+    ConversionResult result;
+    try {
+        result = run_in_background(run, [&] { bulletin.tell(progress); });
+    } catch (const WrongOutput& error) {
+        throw std::invalid_argument(error.what());
+    }
+    const py::object report = make_report(result.report, result.status, bulletin.messages);
+    if (result.has_ended) {
+        if (result.status != 0)
+            warn(bulletin.messages);
+        return report;
+    }
+    std::string told;
+    for (const std::string& message : bulletin.messages)
+        told.append(told.empty() ? "" : "\n").append(message);
+    const py::object raised = exception_of(result.why_stopped, told);
+    raised.attr("report") = report;
+    PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
+    throw py::error_already_set();
+}
+
+} // namespace
+
+void bind_conversion(py::module_& module) {
+    module.def("convert", &convert, py::arg("inputs"), py::arg("output"), py::arg("lexicon") = py::none(),
+               py::arg("jobs") = py::none(), py::arg("progress") = py::none(),
+               R"(Writes the training data of documents, as the program tei2crf does, and returns a Report.
+
+inputs are files and folders, or one of them; options are those of the program, with "_" for "-" and "_" behind break:
+convert(..., break_=".", whole_sentences=True). Lists may be lists. Several documents are converted at the same time,
+jobs of them, without Python's lock; progress(ended, all, tokens) is called at most 20 times a second.
+
+The file is there when it is complete, and not before; what progress raises, and Ctrl-C, end the run without it. So does
+what keeps it from going on: an OSError of a file, a ValueError of options or of what is in a file, otherwise a
+RuntimeError; it has the Report as its attribute report. Documents with faults are a UserWarning, and in the messages of
+the report.
+
+>>> report = convert("examples/families/latin.xml", "train.txt", sentence="ab", columns=["form", "lemma", "pos"])
+>>> report.tokens["written"] > 0
+True
+)");
+}
+
+} // namespace zelvor::python

@@ -1,0 +1,425 @@
+#include "python/keywords.h"
+#include "python/report.h"
+#include "training/DocumentConverter.h"
+#include "training/Survey.h"
+#include "training/TagLexicon.h"
+#include "training/TagMap.h"
+#include "training/Token.h"
+#include "training/TokenAttributes.h"
+#include "training/no_token.h"
+#include "training/tei_inputs.h"
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+#include <utility>
+
+namespace zelvor::python {
+
+namespace {
+
+constexpr const char* FIELDS[][2] = {
+    {"form", "As it stands, white space made one blank."},
+    {"lemma", "Empty where there is none, as the tags and features."},
+    {"pos", "The tag."},
+    {"upos", "The universal tag."},
+    {"feats", "Features, KEY=VALUE|KEY=VALUE."},
+    {"attributes", "Of its element, as a dict, names as written."},
+    {"file", "The document, or the file of an entity."},
+    {"line", "Where its element ends."},
+};
+constexpr std::size_t NUM_FIELDS = std::size(FIELDS), NUM_TEXTS = 5;
+
+/// The tokens of a document, and which of them are a sentence.
+struct Document {
+    struct Token {
+        std::size_t text = 0; ///< the number of its first text: five fields, then names and values of attributes
+        std::size_t file = 0;
+        long line = 0;
+    };
+    struct Sentence {
+        std::size_t begin, end;
+    };
+
+    void add_text(std::string_view piece) {
+        text += piece;
+        ends.push_back(text.size());
+    }
+    std::string_view text_at(std::size_t i) const {
+        const std::size_t begin = i == 0 ? 0 : ends[i - 1];
+        return std::string_view(text).substr(begin, ends[i] - begin);
+    }
+    std::size_t text_end(std::size_t token) const {
+        return token + 1 < tokens.size() ? tokens[token + 1].text : ends.size();
+    }
+
+    std::string text;
+    std::vector<std::size_t> ends; ///< of the texts
+    std::vector<Token> tokens;
+    std::vector<Sentence> sentences;
+    std::vector<std::string> files; ///< the document is the first
+};
+
+/// Gathers what would be written.
+class TokenGatherer : public SentenceFormat {
+public:
+    using Place = std::function<XmlPlace()>;
+
+    void begin_document(const std::string& path, std::size_t /*number*/) override {
+        document = std::make_shared<Document>();
+        document->files.push_back(path);
+        m_begin = 0;
+    }
+    TokenOutcome add(const zelvor::Token& token) override;
+    std::string take_some() override { return {}; }
+    std::string_view end() override {
+        document->sentences.push_back({m_begin, document->tokens.size()});
+        return {};
+    }
+    void clear() override {
+        if (document && (document->sentences.empty() || document->sentences.back().end != document->tokens.size()))
+            drop();
+        m_begin = document ? document->tokens.size() : 0;
+    }
+
+    std::shared_ptr<Document> document;
+    Place place;
+
+private:
+    void drop() {
+        if (m_begin == document->tokens.size())
+            return;
+        document->ends.resize(document->tokens[m_begin].text);
+        document->text.resize(document->ends.empty() ? 0 : document->ends.back());
+        document->tokens.resize(m_begin);
+    }
+    std::size_t file_of(const std::string& file);
+
+    std::size_t m_begin = 0; ///< the first token of the sentence
+};
+
+TokenOutcome TokenGatherer::add(const zelvor::Token& token) {
+    using Report = ConversionReport;
+    if (token.flaw == Report::NO_FORM || token.flaw == Report::MAPPED_AWAY)
+        return {false, false, token.flaw, {}};
+    if (token.form.empty())
+        return {false, false, Report::NO_FORM, {}};
+    const XmlPlace at = place();
+    document->tokens.push_back({document->ends.size(), file_of(at.file), at.line});
+    for (const std::string_view text : {token.form, token.lemma, token.pos, token.upos, token.feats})
+        document->add_text(text);
+    for (std::size_t i = 0; token.attributes && i < token.attributes->size(); ++i) {
+        document->add_text(token.attributes->name_at(i));
+        document->add_text(token.attributes->value_at(i));
+    }
+    return {true, false, token.flaw, {}};
+}
+
+std::size_t TokenGatherer::file_of(const std::string& file) {
+    if (file.empty())
+        return 0;
+    if (document->files.back() != file)
+        document->files.push_back(file);
+    return document->files.size() - 1;
+}
+
+/// The same str for what comes again and again; with Python's lock only.
+class KnownTexts {
+public:
+    py::str operator()(std::string_view text) {
+        const auto found = m_texts.find(text);
+        if (found != m_texts.end())
+            return found->second;
+        py::str made = to_str(text, "replace");
+        if (m_texts.size() < MAX_TEXTS && text.size() <= MAX_BYTES)
+            m_texts.emplace(std::string(text), made);
+        return made;
+    }
+
+private:
+    static constexpr std::size_t MAX_TEXTS = 10'000, MAX_BYTES = 200;
+
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    std::unordered_map<std::string, py::str, Hash, std::equal_to<>> m_texts;
+};
+
+/// What a document tells while it is read, without Python's lock.
+class ReaderSink : public ConversionSink {
+public:
+    void write(std::string_view, std::uint64_t) override {}
+    void fault(const std::string& document, const XmlPlace& place, const std::string& message) override {
+        faults.append(faults.empty() ? "" : "\n").append(to_string(place, document) + ": " + message);
+    }
+    void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
+
+    /// Ctrl-C, and what else a handler of signals raises, which is then Python's error.
+    bool is_cancelled() const override {
+        if (++m_calls % CALLS_A_LOOK != 0 || Clock::now() < m_next_look)
+            return m_has_error;
+        m_next_look = Clock::now() + std::chrono::milliseconds(50);
+        const py::gil_scoped_acquire locked;
+        m_has_error = PyErr_CheckSignals() != 0;
+        return m_has_error;
+    }
+    bool has_error() const { return m_has_error; }
+
+    std::string faults;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr unsigned int CALLS_A_LOOK = 256;
+
+    mutable unsigned int m_calls = 0;
+    mutable Clock::time_point m_next_look = Clock::now() + std::chrono::milliseconds(50);
+    mutable bool m_has_error = false;
+};
+
+/// Threads may share it: each sentence goes to one of them.
+class TeiReader {
+public:
+    explicit TeiReader(ConversionTask task);
+    TeiReader(const TeiReader&) = delete;
+    TeiReader& operator=(const TeiReader&) = delete;
+
+    py::list next();
+    py::object report() {
+        const auto lock = locked();
+        return make_report(m_report, m_has_fault ? 1 : 0, m_messages);
+    }
+
+private:
+    void load_tables();
+    void find_inputs();
+    void read_document();
+    void raise_fault();
+    void end();
+    std::unique_lock<std::mutex> locked();
+    py::list make_sentence(const Document& document, Document::Sentence sentence);
+    py::object make_token(const Document& document, std::size_t number);
+
+    ConversionTask m_task;
+    TagLexicon m_lexicon;
+    TagMap m_map;
+    std::vector<std::string> m_documents, m_messages;
+    TokenGatherer* m_gatherer = nullptr; ///< of the converter
+    std::unique_ptr<DocumentConverter> m_converter;
+    ConversionReport m_report;
+    Survey m_survey;
+
+    std::mutex m_mutex; ///< for what follows
+    std::size_t m_next_document = 0, m_next_sentence = 0;
+    std::shared_ptr<const Document> m_document;
+    std::string m_fault; ///< of this document, to be raised behind its sentences
+    bool m_has_fault = false, m_has_ended = false;
+
+    py::object m_token_type;
+    KnownTexts m_known_texts; ///< tags, names of attributes and files
+};
+
+TeiReader::TeiReader(ConversionTask task)
+    : m_task(std::move(task)), m_survey(m_task.options.skip),
+      m_token_type(py::module_::import("zelvor._zelvor").attr("Token")) {
+    ConversionOptions& options = m_task.options;
+    options.format = ConversionOptions::Format::TOKENS;
+    options.columns = read_columns("form,lemma,pos,upos,feats");
+    options.on_bad_token = ConversionOptions::BadToken::FAIL; // the overlong ones, of which only a part is read
+    {
+        const py::gil_scoped_release unlocked;
+        load_tables();
+        find_inputs();
+    }
+    auto gatherer = std::make_unique<TokenGatherer>();
+    m_gatherer = gatherer.get();
+    m_converter = std::make_unique<DocumentConverter>(
+        options,
+        DocumentConverter::Tables{m_task.lexicon.empty() ? nullptr : &m_lexicon, m_task.map.empty() ? nullptr : &m_map},
+        std::move(gatherer));
+    m_gatherer->place = [this] { return m_converter->place(); };
+    warn(m_messages);
+}
+
+void TeiReader::load_tables() {
+    if (!m_task.map.empty())
+        m_map.load(m_task.map, m_task.options.nfc);
+    if (m_task.lexicon.empty())
+        return;
+    m_lexicon.load(m_task.lexicon, m_task.options.nfc, [this](std::size_t number, std::size_t fields) {
+        m_has_fault = true;
+        m_messages.push_back(m_task.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
+                             " fields, at least 22 are needed");
+        if (m_task.options.strict)
+            throw std::invalid_argument(m_messages.back());
+    });
+}
+
+void TeiReader::find_inputs() {
+    TeiInputs inputs =
+        find_documents(m_task.inputs, m_task.hidden, [](const std::string& folder, const std::string& /*message*/) {
+            const int error = reading_error(folder);
+            throw std::system_error(error != 0 ? error : EIO, std::generic_category(), folder);
+        });
+    m_documents = std::move(inputs.documents);
+    m_report[ConversionReport::FILES_PASSED_OVER] = inputs.passed_over;
+    if (m_documents.empty())
+        throw std::invalid_argument("no file whose name ends in .tei or .xml");
+}
+
+/// Waits without Python's lock, since who holds this one may need that.
+std::unique_lock<std::mutex> TeiReader::locked() {
+    std::unique_lock lock(m_mutex, std::try_to_lock);
+    if (!lock) {
+        const py::gil_scoped_release unlocked;
+        lock.lock();
+    }
+    return lock;
+}
+
+py::list TeiReader::next() {
+    std::shared_ptr<const Document> document;
+    std::size_t sentence = 0;
+    for (auto lock = locked(); !document;) {
+        if (m_document && m_next_sentence < m_document->sentences.size()) {
+            document = m_document;
+            sentence = m_next_sentence++;
+        } else if (!m_fault.empty()) {
+            raise_fault();
+        } else if (m_next_document < m_documents.size()) {
+            read_document();
+        } else {
+            m_document.reset();
+            const bool is_to_tell =
+                !std::exchange(m_has_ended, true) && m_report[ConversionReport::TOKENS_WRITTEN] == 0;
+            lock.unlock();
+            if (is_to_tell)
+                warn({with_keywords(why_no_token(m_task.options, m_report, m_survey))});
+            throw py::stop_iteration();
+        }
+    }
+    return make_sentence(*document, document->sentences[sentence]);
+}
+
+void TeiReader::read_document() {
+    const std::string& path = m_documents[m_next_document++];
+    m_document.reset();
+    m_next_sentence = 0;
+    ReaderSink sink;
+    {
+        const py::gil_scoped_release unlocked;
+        try {
+            m_converter->convert(path, m_next_document, sink);
+        } catch (const ConversionStopped& error) {
+            if (sink.faults.empty())
+                sink.faults = error.what();
+        } catch (const ConversionCancelled&) {
+        }
+    }
+    if (sink.has_error()) {
+        m_next_document = m_documents.size(); // there is no going on behind a gap
+        throw py::error_already_set();
+    }
+    m_document = std::exchange(m_gatherer->document, nullptr);
+    m_fault = std::move(sink.faults);
+    m_has_fault = m_has_fault || !m_fault.empty();
+    m_report += m_converter->report();
+    if (const auto survey = m_converter->take_survey();
+        survey && m_report[ConversionReport::TOKENS_WRITTEN] == 0 && m_survey.tokens() < Survey::TOKENS_OF_HINT)
+        m_survey.add(*survey);
+}
+
+/// An OSError where the document cannot be read at all.
+void TeiReader::raise_fault() {
+    const std::string fault = std::exchange(m_fault, {});
+    m_messages.push_back(fault);
+    const std::string& path = m_documents[m_next_document - 1];
+    const int error = m_document->sentences.empty() ? reading_error(path) : 0;
+    if (error != 0)
+        throw std::system_error(error, std::generic_category(), path);
+    PyErr_SetObject(PyExc_ValueError, to_str(fault, "replace").ptr());
+    throw py::error_already_set();
+}
+
+py::list TeiReader::make_sentence(const Document& document, Document::Sentence sentence) {
+    py::list tokens(sentence.end - sentence.begin);
+    for (std::size_t i = sentence.begin; i < sentence.end; ++i)
+        tokens[i - sentence.begin] = make_token(document, i);
+    return tokens;
+}
+
+py::object TeiReader::make_token(const Document& document, std::size_t number) {
+    const Document::Token& token = document.tokens[number];
+    const std::size_t attributes = token.text + NUM_TEXTS;
+    std::array<py::object, NUM_FIELDS> fields;
+    for (std::size_t i = 0; i < NUM_TEXTS; ++i) {
+        const std::string_view text = document.text_at(token.text + i);
+        fields[i] = i < 2 ? to_str(text, "replace") : m_known_texts(text); // form and lemma are of many kinds
+    }
+    py::dict values;
+    for (std::size_t i = attributes; i < document.text_end(number); i += 2)
+        values[m_known_texts(document.text_at(i))] = to_str(document.text_at(i + 1), "replace");
+    fields[NUM_TEXTS] = std::move(values);
+    fields[NUM_TEXTS + 1] = path_to_str(document.files[token.file]);
+    fields[NUM_TEXTS + 2] = py::int_(token.line);
+    auto* const type = reinterpret_cast<PyTypeObject*>(m_token_type.ptr());
+    auto made = py::reinterpret_steal<py::object>(type->tp_alloc(type, NUM_FIELDS)); // a named tuple is a tuple
+    if (!made)
+        throw py::error_already_set();
+    for (std::size_t i = 0; i < NUM_FIELDS; ++i)
+        PyTuple_SET_ITEM(made.ptr(), static_cast<Py_ssize_t>(i), fields[i].release().ptr());
+    return made;
+}
+
+py::object make_token_type() {
+    py::list names;
+    for (const auto& [name, meaning] : FIELDS)
+        names.append(name);
+    const py::object type = py::module_::import("collections").attr("namedtuple")("Token", names);
+    for (const auto& [name, meaning] : FIELDS)
+        type.attr(name).attr("__doc__") = meaning;
+    type.attr("__module__") = "zelvor";
+    type.attr("__doc__") = R"(A token of a sentence, as read_tei yields it: a named tuple.
+
+>>> sentence = next(read_tei("examples/families/latin.xml", sentence="ab"))
+>>> sentence[0].form, sentence[0].attributes["pos"], sentence[0].line > 0
+('Hortus', 'NOMcom', True)
+)";
+    return type;
+}
+
+std::unique_ptr<TeiReader> read_tei(const py::object& paths, const py::object& lexicon, const py::kwargs& options) {
+    return std::make_unique<TeiReader>(task_of(paths, lexicon, options, true));
+}
+
+} // namespace
+
+void bind_reader(py::module_& module) {
+    module.attr("Token") = make_token_type();
+    py::class_<TeiReader>(module, "TeiReader", R"(What read_tei returns: yields sentences; threads may share it.
+
+>>> sum(len(sentence) for sentence in read_tei("examples/families/latin.xml", sentence="ab")) > 0
+True
+)")
+        .def("__iter__", [](py::object self) { return self; })
+        .def("__next__", &TeiReader::next)
+        .def_property_readonly("report", &TeiReader::report, "A Report of what was read and left out so far.");
+    module.def("read_tei", &read_tei, py::arg("paths"), py::arg("lexicon") = py::none(),
+               R"(Yields the sentences of TEI documents, lists of Token, in the order of the paths.
+
+paths are files and folders, or one of them; options are those of tei2crf that say what to read: see convert. All tokens
+with a form are there, those without a tag too. It keeps one document at a time, which it reads without Python's lock.
+
+A document with a fault, such as XML that is not well-formed, is a ValueError with file and line, behind the sentences
+that could be read; one that cannot be read is an OSError. Whoever calls next() again goes on with the next document.
+Documents without any token to read end with a UserWarning that says why.
+
+>>> for sentence in read_tei("examples/families/latin.xml", sentence="ab"):
+...     print(" ".join(token.form for token in sentence))
+...     break
+Hortus parvus floret .
+)");
+}
+
+} // namespace zelvor::python
