@@ -1,4 +1,5 @@
-"""Compares calls of the Python module with the same calls in C++, in turn; build/release/python is on PYTHONPATH.
+"""Compares calls of the Python module with the same calls in C++, and with lxml, in turn; build/release/python is on
+PYTHONPATH.
 
 usage: python.py PYTHON_BENCH    (make bench builds it)
 """
@@ -9,9 +10,10 @@ import sys
 import tempfile
 import time
 
+import tei_tokens
 import zelvor
 
-ROUNDS, QUERIES, LINES = 5, 20_000, 500_000
+ROUNDS, QUERIES, LINES, TOKENS = 5, 20_000, 500_000, 300_000
 NOUNS = "/usr/share/wordnet/index.noun"
 
 
@@ -55,12 +57,40 @@ def verdict(what, ratios, wanted):
     print(f"{what:64} {ratio:8.2f}   wanted: at most {wanted:g}{missed}")
 
 
+def same(ours, others):
+    """But for the names of namespaces and the line, which is that of the beginning there."""
+    prefixes = {"xml:": "{http://www.w3.org/XML/1998/namespace}"}
+    for mine, other in zip(ours, others):
+        names = {prefixes.get(name[:4], "") + (name[4:] if name[:4] in prefixes else name): value for name, value in mine.attributes.items()}
+        if (*mine[:5], names, mine.file) != other[:7]:
+            raise SystemExit(f"not the same: {mine}, {other}")
+    return len(ours) == len(others)
+
+
+def read_corpora(folder):
+    """Of lxml's time, that of read_tei; first, what both read must be the same."""
+    ratios = []
+    corpus = f"{folder}/corpus.xml"
+    with open(corpus, "w") as out:
+        make = [sys.executable, "-B", "bench/make_tei.py", "--family=parliament", "--no-entities", str(TOKENS)]
+        subprocess.run(make, stdout=out, check=True)
+    assert all(same(*both) for both in zip(zelvor.read_tei(corpus), tei_tokens.read(corpus), strict=True))
+    for _ in range(ROUNDS):
+        (ours, tokens), (others, expected) = (processor_seconds(lambda: sum(map(len, read(corpus))))
+                                              for read in (zelvor.read_tei, tei_tokens.read))
+        assert tokens == expected
+        print(f"read_tei: {ours * 1e6 / tokens:.2f} µs a token, lxml's iterparse {others * 1e6 / tokens:.2f} µs")
+        ratios.append(ours / others)
+    verdict("Python: read_tei, of lxml's iterparse with the same tokens", ratios, 0.33)
+
+
 def main():
     rng = random.Random(1)
     words = read_nouns()
     queries = [misread(rng, rng.choice(words)) for _ in range(QUERIES)]
     fuzzy, read = [], []
     with tempfile.TemporaryDirectory() as folder:
+        read_corpora(folder)
         files = [f"{folder}/{name}" for name in ("words", "queries", "lexicon")]
         for file, lines in zip(files, (words, queries)):
             with open(file, "w") as out:

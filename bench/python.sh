@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Compares the Python module with the library.
+# Compares the Python module with the library and with lxml.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

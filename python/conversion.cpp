@@ -87,6 +87,9 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
     } catch (const WrongOutput& error) {
         throw std::invalid_argument(error.what());
     }
+    for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
+        if (const std::uint64_t tokens = result.report[malformed]; tokens > 0)
+            bulletin.messages.push_back(std::to_string(tokens) + " tokens left out: " + label_of(malformed));
     const py::object report = make_report(result.report, result.status, bulletin.messages);
     if (result.has_ended) {
         if (result.status != 0)

@@ -130,11 +130,17 @@ void set_option(std::string_view name, const py::object& value, ConversionTask& 
 }
 
 std::string with_keywords(std::string message) {
-    for (const ConversionSetting& setting : conversion_settings()) {
-        const std::string option = "--" + std::string(setting.name) + "=";
-        for (std::size_t at = 0; (at = message.find(option, at)) != std::string::npos;)
-            message.replace(at, option.size(), keyword_of(setting.name) + "=");
-    }
+    const auto replace = [&](std::string_view option, const std::string& keyword) {
+        for (std::size_t at = 0; (at = message.find(option, at)) != std::string::npos; at += keyword.size()) {
+            const std::size_t end = at + option.size();
+            const bool is_whole = end == message.size() || message[end] == '=' || message[end] == ' ';
+            message.replace(at, option.size(), is_whole ? keyword : std::string(option));
+        }
+    };
+    for (const ConversionSetting& setting : conversion_settings())
+        replace("--" + std::string(setting.name), keyword_of(setting.name));
+    replace("--survey", "survey");
+    replace("-l", "lexicon");
     return message;
 }
 

@@ -21,7 +21,7 @@ namespace zelvor::python {
 namespace {
 
 constexpr const char* FIELDS[][2] = {
-    {"form", "As it stands, white space made one blank."},
+    {"form", "Its text, or what the option form says."},
     {"lemma", "Empty where there is none, as the tags and features."},
     {"pos", "The tag."},
     {"upos", "The universal tag."},
@@ -188,7 +188,8 @@ public:
     py::list next();
     py::object report() {
         const auto lock = locked();
-        return make_report(m_report, m_has_fault ? 1 : 0, m_messages);
+        const bool is_malformed = m_report[ConversionReport::NOT_JSON] + m_report[ConversionReport::OTHER_JSON] > 0;
+        return make_report(m_report, is_malformed || !m_messages.empty() ? 1 : 0, m_messages);
     }
 
 private:
@@ -214,7 +215,7 @@ private:
     std::size_t m_next_document = 0, m_next_sentence = 0;
     std::shared_ptr<const Document> m_document;
     std::string m_fault; ///< of this document, to be raised behind its sentences
-    bool m_has_fault = false, m_has_ended = false;
+    bool m_has_ended = false;
 
     py::object m_token_type;
     KnownTexts m_known_texts; ///< tags, names of attributes and files
@@ -247,13 +248,13 @@ void TeiReader::load_tables() {
         m_map.load(m_task.map, m_task.options.nfc);
     if (m_task.lexicon.empty())
         return;
-    m_lexicon.load(m_task.lexicon, m_task.options.nfc, [this](std::size_t number, std::size_t fields) {
-        m_has_fault = true;
+    const auto on_short_line = [this](std::size_t number, std::size_t fields) {
         m_messages.push_back(m_task.lexicon + ":" + std::to_string(number) + ": " + std::to_string(fields) +
                              " fields, at least 22 are needed");
         if (m_task.options.strict)
             throw std::invalid_argument(m_messages.back());
-    });
+    };
+    m_lexicon.load(m_task.lexicon, m_task.options.nfc, on_short_line).report(m_report);
 }
 
 void TeiReader::find_inputs() {
@@ -319,11 +320,11 @@ void TeiReader::read_document() {
     }
     if (sink.has_error()) {
         m_next_document = m_documents.size(); // there is no going on behind a gap
+        m_has_ended = true;
         throw py::error_already_set();
     }
     m_document = std::exchange(m_gatherer->document, nullptr);
     m_fault = std::move(sink.faults);
-    m_has_fault = m_has_fault || !m_fault.empty();
     m_report += m_converter->report();
     if (const auto survey = m_converter->take_survey();
         survey && m_report[ConversionReport::TOKENS_WRITTEN] == 0 && m_survey.tokens() < Survey::TOKENS_OF_HINT)

@@ -154,10 +154,7 @@ void Conversion::load_lexicon() {
         });
     if (counts.has_mark)
         complain(shown_path(m_task.lexicon) + ": begins with a byte order mark, which is passed over");
-    m_report[ConversionReport::LEXICON_LINES] = counts.lines;
-    m_report[ConversionReport::LEXICON_COMMENTS] = counts.comments;
-    m_report[ConversionReport::LEXICON_SHORT] = counts.short_lines;
-    m_report[ConversionReport::LEXICON_DUPLICATES] = counts.duplicates;
+    counts.report(m_report);
 }
 
 void Conversion::read_documents() {

@@ -128,6 +128,13 @@ const char* why_no_lexicon(std::string_view begin) {
 
 } // namespace
 
+void TagLexicon::Counts::report(ConversionReport& report) const {
+    report[ConversionReport::LEXICON_LINES] = lines;
+    report[ConversionReport::LEXICON_COMMENTS] = comments;
+    report[ConversionReport::LEXICON_SHORT] = short_lines;
+    report[ConversionReport::LEXICON_DUPLICATES] = duplicates;
+}
+
 TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const ShortLine& on_short_line) {
     Counts counts;
     AnalysisPool pool(nfc);

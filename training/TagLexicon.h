@@ -1,5 +1,6 @@
 #pragma once
 
+#include "training/ConversionReport.h"
 #include "training/universal_features.h"
 
 #include <array>
@@ -27,6 +28,8 @@ public:
         std::size_t short_lines = 0; ///< fewer than 22 fields; kept with what they hold
         std::size_t duplicates = 0;  ///< of an id that an earlier line has
         bool has_mark = false;       ///< it begins with a byte order mark, which is passed over
+
+        void report(ConversionReport& report) const;
     };
     TagLexicon() = default;
     TagLexicon(TagLexicon&&) = default; ///< not copied: analyses point to strings

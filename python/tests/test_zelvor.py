@@ -5,6 +5,7 @@ import gc
 import inspect
 import os
 import pickle
+import signal
 import threading
 
 import pytest
@@ -147,6 +148,16 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: LanguageModel("examples/candidates/lemmas.arpa").score("dux")),
     (TypeError, lambda: zelvor.edit_distance("a", None)),
     (ValueError, lambda: zelvor.normalize_case("a", "small")),
+    (FileNotFoundError, lambda: zelvor.read_tei(["examples/corpus", "missing"])),
+    (ValueError, lambda: zelvor.read_tei([])),
+    (TypeError, lambda: zelvor.read_tei("examples/corpus", header=True)),
+    (TypeError, lambda: zelvor.read_tei("examples/corpus", nfc=1)),
+    (UnicodeEncodeError, lambda: zelvor.read_tei("examples/corpus", pos="\ud800")),
+    (ValueError, lambda: zelvor.read_tei("examples/corpus", word=[])),
+    (ValueError, lambda: zelvor.read_tei("examples/corpus", "examples/lexicon.txt", pos="x")),
+    (FileNotFoundError, lambda: zelvor.convert("examples/corpus", "out", "missing")),
+    (ValueError, lambda: zelvor.convert("binary", "binary")),
+    (ValueError, lambda: zelvor.convert("binary", "out", jobs=0)),
 ])
 def test_errors_are_those_of_python(folder, error, call):
     (folder / "binary").write_bytes(BINARY)
@@ -185,3 +196,82 @@ def test_threads_share_a_lexicon_and_have_weights_of_their_own():
     for thread in threads:
         thread.join()
     assert not failures and len(lexicon) == 104
+
+
+def document(folder, name, body, head=""):
+    (folder / name).write_text(f"{head}<TEI>{body}</TEI>", encoding="utf-8")
+    return str(folder / name)
+
+
+def test_read_tei_yields_what_is_there(folder):
+    (folder / "part.xml").write_text("\n<w pos='P'>ex</w>")
+    path = document(folder, "a.xml", "<s><w pos='N' lemma='ā' xml:id='1'>a\n b</w><w/><pc>.</pc><w>c</w></s><w>no</w><s>\n\n&part;</s>",
+                    "<!DOCTYPE TEI [<!ENTITY part SYSTEM 'part.xml'>]>")
+    reader = zelvor.read_tei([os.fsencode(path)], map=None, break_="!", skip=[])
+    assert list(reader) == [
+        [("a b", "ā", "N", "", "", {"pos": "N", "lemma": "ā", "xml:id": "1"}, path, 2),
+         (".", "", "PUNCT", "", "", {}, path, 2), ("c", "", "", "", "", {}, path, 2)],
+        [("ex", "", "P", "", "", {"pos": "P"}, str(folder / "part.xml"), 2)]]
+    assert (reader.report.tokens["written"], reader.report.left_out["no_form"]) == (4, 1)
+    assert list(zelvor.read_tei(path, whole_sentences=True, pos=["x", "pos"]))[0][0].pos == "P"
+    latin = next(zelvor.read_tei("examples/corpus", "examples/lexicon.txt"))[1]
+    assert (latin.form, latin.lemma, latin.pos, latin.upos) == ("est", "sum", "Verb", "VERB")
+
+
+def test_a_fault_comes_behind_its_sentences(folder):
+    names = [document(folder, name, body) for name, body in (
+        ("1.xml", "<s><w>a</w></s>\n<s><w>lost</s>"), ("2.xml", ""), ("3.xml", "<s><w>b</w></s>"),
+        ("4.xml", "<s><w>c</w><w>" + "x" * 1_100_000 + "</w></s>"))]
+    reader = zelvor.read_tei(names)
+    os.remove(names[1])
+    assert next(reader)[0].form == "a"
+    with pytest.raises(ValueError, match=r"1\.xml:2: "):
+        next(reader)
+    with pytest.raises(FileNotFoundError):
+        next(reader)
+    assert next(reader)[0].form == "b"
+    with pytest.raises(ValueError, match=r"4\.xml:1: breaks its line"):
+        next(reader)
+    assert list(reader) == [] and len(reader.report.messages) == 3 and reader.report.status == 1
+    with pytest.warns(UserWarning, match="try sentence=ab"):
+        assert list(zelvor.read_tei("examples/families/latin.xml")) == []
+
+
+def test_convert_tells_how_it_went(folder):
+    good, bad, told = document(folder, "g.xml", "<s><w pos='N'>a</w></s>"), document(folder, "h.xml", "<s>"), []
+    report = zelvor.convert(good, "-", jobs=1, columns=["form", "pos"], progress=lambda *counts: told.append(counts))
+    assert (folder / "-").read_text() == "a N\n\n" and told == [(1, 1, 1)]
+    assert (report.status, report.tokens["written"], report.as_dict()["files"]["read"]) == (0, 1, 1)
+    with pytest.warns(UserWarning, match="h.xml:1: "):
+        assert zelvor.convert([good, bad], "out").status == 1
+    with pytest.raises(ValueError, match="try sentence=ab") as stopped:
+        zelvor.convert("examples/families/latin.xml", "none")
+    assert stopped.value.report.left_out["outside_sentence"] == 7 and not os.path.exists("none")
+    with pytest.raises(RuntimeError, match="h.xml:1"):
+        zelvor.convert(bad, "none", strict=True)
+    found = zelvor.survey("examples/families/latin.xml")
+    assert zelvor.convert("examples/families/latin.xml", "out", columns=found["columns"], **found["options"]).status == 0
+
+
+@pytest.mark.parametrize("end", [KeyboardInterrupt, KeyError])
+def test_a_long_conversion_can_be_ended(folder, end):
+    os.mkdir("in")
+    document(folder, "in/a.xml", "<s><w pos='N'>a</w></s>" * 30_000)
+    for number in range(1000):
+        os.link("in/a.xml", f"in/{number}.xml")
+    before = set(os.listdir())
+    if end is KeyboardInterrupt:
+        threading.Timer(0.1, signal.raise_signal, [signal.SIGINT]).start()
+    with pytest.raises(end):
+        zelvor.convert("in", "out", report="report", progress=(lambda *_: {}[0]) if end is KeyError else None)
+    assert set(os.listdir()) == before
+
+
+def test_threads_share_a_reader(folder):
+    reader, forms = zelvor.read_tei([document(folder, name, "<s><w>a</w></s>" * 9000) for name in "ab"]), []
+    threads = [threading.Thread(target=lambda: forms.extend(s[0].form for s in reader)) for _ in range(8)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert forms == ["a"] * 18_000
