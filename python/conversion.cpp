@@ -90,7 +90,7 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
     for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
         if (const std::uint64_t tokens = result.report[malformed]; tokens > 0)
             bulletin.messages.push_back(std::to_string(tokens) + " tokens left out: " + label_of(malformed));
-    const py::object report = make_report(result.report, result.status, bulletin.messages);
+    py::object report = make_report(result.report, result.status, bulletin.messages);
     if (result.has_ended) {
         if (result.status != 0)
             warn(bulletin.messages);

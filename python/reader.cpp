@@ -1,11 +1,10 @@
+#include "python/TokenGatherer.h"
 #include "python/keywords.h"
 #include "python/report.h"
 #include "training/DocumentConverter.h"
 #include "training/Survey.h"
 #include "training/TagLexicon.h"
 #include "training/TagMap.h"
-#include "training/Token.h"
-#include "training/TokenAttributes.h"
 #include "training/no_token.h"
 #include "training/tei_inputs.h"
 
@@ -32,99 +31,6 @@ constexpr const char* FIELDS[][2] = {
 };
 constexpr std::size_t NUM_FIELDS = std::size(FIELDS), NUM_TEXTS = 5;
 
-/// The tokens of a document, and which of them are a sentence.
-struct Document {
-    struct Token {
-        std::size_t text = 0; ///< the number of its first text: five fields, then names and values of attributes
-        std::size_t file = 0;
-        long line = 0;
-    };
-    struct Sentence {
-        std::size_t begin, end;
-    };
-
-    void add_text(std::string_view piece) {
-        text += piece;
-        ends.push_back(text.size());
-    }
-    std::string_view text_at(std::size_t i) const {
-        const std::size_t begin = i == 0 ? 0 : ends[i - 1];
-        return std::string_view(text).substr(begin, ends[i] - begin);
-    }
-    std::size_t text_end(std::size_t token) const {
-        return token + 1 < tokens.size() ? tokens[token + 1].text : ends.size();
-    }
-
-    std::string text;
-    std::vector<std::size_t> ends; ///< of the texts
-    std::vector<Token> tokens;
-    std::vector<Sentence> sentences;
-    std::vector<std::string> files; ///< the document is the first
-};
-
-/// Gathers what would be written.
-class TokenGatherer : public SentenceFormat {
-public:
-    using Place = std::function<XmlPlace()>;
-
-    void begin_document(const std::string& path, std::size_t /*number*/) override {
-        document = std::make_shared<Document>();
-        document->files.push_back(path);
-        m_begin = 0;
-    }
-    TokenOutcome add(const zelvor::Token& token) override;
-    std::string take_some() override { return {}; }
-    std::string_view end() override {
-        document->sentences.push_back({m_begin, document->tokens.size()});
-        return {};
-    }
-    void clear() override {
-        if (document && (document->sentences.empty() || document->sentences.back().end != document->tokens.size()))
-            drop();
-        m_begin = document ? document->tokens.size() : 0;
-    }
-
-    std::shared_ptr<Document> document;
-    Place place;
-
-private:
-    void drop() {
-        if (m_begin == document->tokens.size())
-            return;
-        document->ends.resize(document->tokens[m_begin].text);
-        document->text.resize(document->ends.empty() ? 0 : document->ends.back());
-        document->tokens.resize(m_begin);
-    }
-    std::size_t file_of(const std::string& file);
-
-    std::size_t m_begin = 0; ///< the first token of the sentence
-};
-
-TokenOutcome TokenGatherer::add(const zelvor::Token& token) {
-    using Report = ConversionReport;
-    if (token.flaw == Report::NO_FORM || token.flaw == Report::MAPPED_AWAY)
-        return {false, false, token.flaw, {}};
-    if (token.form.empty())
-        return {false, false, Report::NO_FORM, {}};
-    const XmlPlace at = place();
-    document->tokens.push_back({document->ends.size(), file_of(at.file), at.line});
-    for (const std::string_view text : {token.form, token.lemma, token.pos, token.upos, token.feats})
-        document->add_text(text);
-    for (std::size_t i = 0; token.attributes && i < token.attributes->size(); ++i) {
-        document->add_text(token.attributes->name_at(i));
-        document->add_text(token.attributes->value_at(i));
-    }
-    return {true, false, token.flaw, {}};
-}
-
-std::size_t TokenGatherer::file_of(const std::string& file) {
-    if (file.empty())
-        return 0;
-    if (document->files.back() != file)
-        document->files.push_back(file);
-    return document->files.size() - 1;
-}
-
 /// The same str for what comes again and again; with Python's lock only.
 class KnownTexts {
 public:
@@ -142,7 +48,7 @@ private:
     static constexpr std::size_t MAX_TEXTS = 10'000, MAX_BYTES = 200;
 
     struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
+        using is_transparent = void; // NOLINT(readability-identifier-naming): the standard's name
     };
     std::unordered_map<std::string, py::str, Hash, std::equal_to<>> m_texts;
 };
@@ -199,8 +105,8 @@ private:
     void raise_fault();
     void end();
     std::unique_lock<std::mutex> locked();
-    py::list make_sentence(const Document& document, Document::Sentence sentence);
-    py::object make_token(const Document& document, std::size_t number);
+    py::list make_sentence(const GatheredDocument& document, GatheredDocument::Sentence sentence);
+    py::object make_token(const GatheredDocument& document, std::size_t number);
 
     ConversionTask m_task;
     TagLexicon m_lexicon;
@@ -213,7 +119,7 @@ private:
 
     std::mutex m_mutex; ///< for what follows
     std::size_t m_next_document = 0, m_next_sentence = 0;
-    std::shared_ptr<const Document> m_document;
+    std::shared_ptr<const GatheredDocument> m_document;
     std::string m_fault; ///< of this document, to be raised behind its sentences
     bool m_has_ended = false;
 
@@ -280,7 +186,7 @@ std::unique_lock<std::mutex> TeiReader::locked() {
 }
 
 py::list TeiReader::next() {
-    std::shared_ptr<const Document> document;
+    std::shared_ptr<const GatheredDocument> document;
     std::size_t sentence = 0;
     for (auto lock = locked(); !document;) {
         if (m_document && m_next_sentence < m_document->sentences.size()) {
@@ -343,15 +249,15 @@ void TeiReader::raise_fault() {
     throw py::error_already_set();
 }
 
-py::list TeiReader::make_sentence(const Document& document, Document::Sentence sentence) {
+py::list TeiReader::make_sentence(const GatheredDocument& document, GatheredDocument::Sentence sentence) {
     py::list tokens(sentence.end - sentence.begin);
     for (std::size_t i = sentence.begin; i < sentence.end; ++i)
         tokens[i - sentence.begin] = make_token(document, i);
     return tokens;
 }
 
-py::object TeiReader::make_token(const Document& document, std::size_t number) {
-    const Document::Token& token = document.tokens[number];
+py::object TeiReader::make_token(const GatheredDocument& document, std::size_t number) {
+    const GatheredDocument::Token& token = document.tokens[number];
     const std::size_t attributes = token.text + NUM_TEXTS;
     std::array<py::object, NUM_FIELDS> fields;
     for (std::size_t i = 0; i < NUM_TEXTS; ++i) {
@@ -377,7 +283,7 @@ py::object make_token_type() {
     py::list names;
     for (const auto& [name, meaning] : FIELDS)
         names.append(name);
-    const py::object type = py::module_::import("collections").attr("namedtuple")("Token", names);
+    py::object type = py::module_::import("collections").attr("namedtuple")("Token", names);
     for (const auto& [name, meaning] : FIELDS)
         type.attr(name).attr("__doc__") = meaning;
     type.attr("__module__") = "zelvor";
