@@ -1,6 +1,7 @@
 #include "tools/tei2crf_options.h"
 
 #include "training/conversion_settings.h"
+#include "training/shown_text.h"
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ Elements, by their names without prefix, several separated by commas:
       --choice=WHICH *     of a choice, regular (corr, reg, expan) or original (sic, orig, abbr); default: regular
       --break=MARKS *      a token that is one of these characters ends its sentence; default: none
 
-Values, from the first SOURCE that is there, several separated by commas. A SOURCE is an attribute, or
+Values, from the first SOURCE that is there and not empty, several separated by commas. A SOURCE is an attribute, or
 ATTRIBUTE:KEY in one that holds KEY=VALUE|KEY=VALUE:
       --form=SOURCES *     default: text,norm, where text is the text of the element
       --lemma=SOURCES *    default: lemma
@@ -133,7 +134,7 @@ bool read_option(int key, Tei2crfOptions& options, Settings& given) {
         setting->set(options.task, value);
         return true;
     } catch (const std::invalid_argument& error) {
-        complain("wrong value of --" + std::string(setting->name) + ": '" + value + "': " + error.what());
+        complain(shown_path("wrong value of --" + std::string(setting->name) + ": '" + value + "': " + error.what()));
         return false;
     }
 }

@@ -1,5 +1,8 @@
 #include "training/conversion_settings.h"
 
+#include "training/ColumnLines.h"
+#include "utils/common_utils/utf8.h"
+
 #include <algorithm>
 #include <charconv>
 #include <iterator>
@@ -51,6 +54,19 @@ ConversionOptions::Names read_names(std::string_view list) {
     return names;
 }
 
+std::string read_marks(const std::string& marks) {
+    if (!is_valid_utf8(marks))
+        throw std::invalid_argument("characters in UTF-8");
+    return marks;
+}
+
+std::string read_tag(const std::string& tag) {
+    for (std::size_t i = 0; i < tag.size(); ++i)
+        if (breaking_character(tag, i) != 0)
+            throw std::invalid_argument("a tag without blanks and control characters");
+    return read_marks(tag);
+}
+
 std::string read_path(const std::string& path) {
     if (path.empty())
         throw std::invalid_argument("the name of a file");
@@ -93,7 +109,8 @@ constexpr ConversionSetting SETTINGS[] = {
      }},
     {"choice", 0, Kind::TEXT, Topic::ATTRIBUTES,
      [](Task& task, Value value) { task.options.original_choice = choose(CHOICES, value); }},
-    {"break", 0, Kind::TEXT, Topic::ATTRIBUTES, [](Task& task, Value value) { task.options.break_marks = value; }},
+    {"break", 0, Kind::TEXT, Topic::ATTRIBUTES,
+     [](Task& task, Value value) { task.options.break_marks = read_marks(value); }},
     {"form", 0, Kind::LIST, Topic::ATTRIBUTES,
      [](Task& task, Value value) { task.options.form = ValueSources(value, Use::FORM); }},
     {"lemma", 0, Kind::LIST, Topic::ATTRIBUTES,
@@ -105,7 +122,7 @@ constexpr ConversionSetting SETTINGS[] = {
     {"feats", 0, Kind::LIST, Topic::ATTRIBUTES,
      [](Task& task, Value value) { task.options.feats = ValueSources(value, Use::FEATS); }},
     {"punctuation-tag", 0, Kind::TEXT, Topic::ATTRIBUTES,
-     [](Task& task, Value value) { task.options.punctuation_tag = value; }},
+     [](Task& task, Value value) { task.options.punctuation_tag = read_tag(value); }},
 
     {"format", 0, Kind::TEXT, Topic::WRITING,
      [](Task& task, Value value) { task.options.format = choose(FORMATS, value); }},
@@ -136,6 +153,10 @@ void complete_settings(ConversionTask& task, const std::vector<const ConversionS
     options.has_lexicon = !task.lexicon.empty();
     if (options.format == ConversionOptions::Format::CONLLU)
         options.choose_conllu();
+    for (const std::string& name : options.sentence)
+        for (const ConversionOptions::Names& tokens : {options.word, options.punctuation_elements()})
+            if (std::ranges::find(tokens, name) != tokens.end())
+                throw std::invalid_argument("'" + name + "' cannot be a sentence and a token");
     const auto refuse = [&](bool is_wrong, Topic topic, const std::string& why) {
         const auto found = std::ranges::find(given, topic, &ConversionSetting::topic);
         if (is_wrong && found != given.end())
