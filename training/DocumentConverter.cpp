@@ -3,6 +3,7 @@
 #include "training/AttributeAnnotation.h"
 #include "training/AttributeTokens.h"
 #include "training/ColumnLines.h"
+#include "training/ConversionStatistics.h"
 #include "training/LexiconAnnotation.h"
 #include "training/LexiconTokens.h"
 #include "training/Survey.h"
@@ -78,7 +79,9 @@ private:
 
 struct DocumentConverter::Stages {
     Stages(const ConversionOptions& all_options, const Tables& tables)
-        : options(all_options), lines(options), sentences(options, lines, report, [this] { return reader->place(); }) {
+        : options(all_options), lines(options), statistics([this] { return reader->place(); }),
+          sentences(options, lines, report, tables.with_statistics ? &statistics : nullptr,
+                    [this] { return reader->place(); }) {
         if (tables.lexicon)
             from_lexicon = std::make_unique<FromLexicon>(options, tables, sentences);
         else
@@ -101,6 +104,7 @@ struct DocumentConverter::Stages {
     ConversionSink* sink = nullptr;
     ConversionReport report;
     ColumnLines lines;
+    DocumentStatistics statistics;
     Sentences sentences;
     std::unique_ptr<FromLexicon> from_lexicon; ///< either of the two
     std::unique_ptr<FromAttributes> from_attributes;

@@ -1,13 +1,16 @@
 #include "training/Sentences.h"
 
+#include "training/ColumnLines.h"
+#include "training/ConversionStatistics.h"
+
 #include <utility>
 
 namespace zelvor {
 
 Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
-                     std::function<XmlPlace()> place)
+                     DocumentStatistics* statistics, std::function<XmlPlace()> place)
     : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN), m_format(format),
-      m_report(report), m_place(std::move(place)) {}
+      m_report(report), m_statistics(statistics), m_tag(tag_column(options)), m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_document = name;
@@ -18,9 +21,15 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_depth = 0;
     m_has_begun = false;
     m_is_whole = true;
+    if (m_statistics)
+        m_statistics->begin_document([this](StatisticsPart&& part) { m_sink->count(std::move(part)); });
 }
 
-void Sentences::end_document() { finish(m_ends); }
+void Sentences::end_document() {
+    finish(m_ends);
+    if (m_statistics)
+        m_statistics->end_document();
+}
 
 void Sentences::begin_sentence() {
     ++m_report.sentence_elements;
@@ -57,6 +66,8 @@ void Sentences::finish(std::uint64_t times) {
 
 void Sentences::drop(ConversionReport::Count reason) {
     m_report[reason] += m_tokens;
+    if (m_statistics)
+        m_statistics->drop(reason, m_tokens);
     for (const auto& [place, text] : m_told)
         m_sink->left_out(reason, m_document, place, text);
 }
@@ -65,6 +76,8 @@ void Sentences::write(std::uint64_t times) {
     m_report[ConversionReport::SENTENCES] += times;
     m_report[ConversionReport::TOKENS_WRITTEN] += times * m_tokens;
     m_report[ConversionReport::TOKENS_REPLACED] += times * m_replaced;
+    if (m_statistics)
+        m_statistics->write(m_tokens, times);
     for (const std::string_view text = m_format.end(); times > 0; --times)
         m_sink->write(text, m_unwritten);
 }
@@ -87,7 +100,10 @@ void Sentences::add(const Token& token, std::string_view text) {
     ++m_tokens;
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
-    if (m_options.verbose && (m_ends == 0 || m_options.whole_sentences))
+    const bool may_be_dropped = m_ends == 0 || m_options.whole_sentences;
+    if (m_statistics)
+        m_statistics->add(ColumnLines::value_of(m_tag, token), text, may_be_dropped);
+    if (m_options.verbose && may_be_dropped)
         m_told.emplace_back(m_place(), text);
     if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
         if (const std::string some = m_format.take_some(); !some.empty())
@@ -96,6 +112,8 @@ void Sentences::add(const Token& token, std::string_view text) {
 
 void Sentences::leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
     ++m_report[reason];
+    if (m_statistics)
+        m_statistics->leave_out(reason, text);
     const XmlPlace place = m_options.verbose || m_options.strict ? m_place() : XmlPlace();
     if (m_options.verbose)
         m_sink->left_out(reason, m_document, place,

@@ -16,6 +16,9 @@
 
 namespace zelvor {
 
+class DocumentStatistics;
+struct StatisticsPart;
+
 /// Ends a conversion before its end: at a bad token, or at a fault where none is wanted.
 struct ConversionStopped : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -31,6 +34,8 @@ public:
     /// A token without a training line, where each is to be told.
     virtual void left_out(ConversionReport::Count reason, const std::string& document, const XmlPlace& place,
                           const std::string& text) = 0;
+    /// What is to be counted of the document; only where statistics are.
+    virtual void count(StatisticsPart&& part) = 0;
     /// Whether the rest of the document is not wanted any more.
     virtual bool is_cancelled() const { return false; }
 };
@@ -51,9 +56,9 @@ enum class SentenceRule {
 /// counted by its reason, and told where that is wanted.
 class Sentences {
 public:
-    /// All references must live as long as this.
+    /// All references must live as long as this, and so the statistics, which may be null.
     Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
-              std::function<XmlPlace()> place);
+              DocumentStatistics* statistics, std::function<XmlPlace()> place);
 
     /// The sink must live as long as the document.
     void begin_document(const std::string& name, ConversionSink& sink);
@@ -84,6 +89,8 @@ private:
     SentenceRule m_rule;
     SentenceFormat& m_format;
     ConversionReport& m_report;
+    DocumentStatistics* m_statistics;
+    const Column& m_tag;
     ConversionSink* m_sink = nullptr;
     std::function<XmlPlace()> m_place;
 
