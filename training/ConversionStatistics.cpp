@@ -15,12 +15,6 @@ constexpr std::size_t MAX_TOLD = std::size_t{16} * 1024;                        
 
 static_assert(ConversionReport::COUNTS <= FrequentTexts::KINDS);
 
-/// Before the text of a token that is told.
-struct TokenHead {
-    std::uint32_t line;
-    std::uint32_t length;
-};
-
 std::size_t class_of(std::uint64_t length) {
     return static_cast<std::size_t>(std::ranges::upper_bound(SENTENCE_LENGTHS, length) - SENTENCE_LENGTHS.begin()) - 1;
 }
@@ -41,6 +35,7 @@ void DocumentStatistics::begin_document(Send send) {
     m_sums = {};
     m_tags_of_sentence.clear(); // of a document that did not come to its end
     m_tokens_of_tag.clear();
+    m_told.resize(MAX_TOLD);
     clear_sentence();
 }
 
@@ -67,10 +62,11 @@ void DocumentStatistics::enter_tag(std::string_view tag) {
 
 void DocumentStatistics::remember(std::string_view text) {
     const std::size_t length = std::min(text.size(), FrequentTexts::MAX_TEXT + 1);
-    if (m_told.size() + sizeof(TokenHead) + length > MAX_TOLD)
+    if (m_told_bytes + 1 + length > m_told.size())
         return;
-    const TokenHead head{static_cast<std::uint32_t>(m_place().line), static_cast<std::uint32_t>(length)};
-    m_told.append(reinterpret_cast<const char*>(&head), sizeof head).append(text, 0, length);
+    m_told[m_told_bytes++] = static_cast<char>(length);
+    std::memcpy(m_told.data() + m_told_bytes, text.data(), length);
+    m_told_bytes += length;
     ++m_num_told;
 }
 
@@ -102,13 +98,10 @@ void DocumentStatistics::write(std::uint64_t tokens, std::uint64_t times) {
 
 void DocumentStatistics::drop(ConversionReport::Count reason, std::uint64_t tokens) {
     m_sums.unlisted[reason] += tokens - m_num_told;
-    for (std::size_t i = 0; i < m_told.size();) {
-        TokenHead head;
-        std::memcpy(&head, m_told.data() + i, sizeof head);
-        leave_out(reason, std::string_view(m_told).substr(i + sizeof head, head.length), [&] {
-            return XmlPlace{m_begin.file, head.line};
-        });
-        i += sizeof head + head.length;
+    for (std::size_t i = 0; i < m_told_bytes;) {
+        const auto length = static_cast<unsigned char>(m_told[i]);
+        leave_out(reason, {m_told.data() + i + 1, length}, [this] { return m_begin; });
+        i += 1 + length;
     }
     clear_sentence();
 }
@@ -119,7 +112,7 @@ void DocumentStatistics::clear_sentence() {
     m_tags_of_sentence.clear();
     m_tokens_without_number = 0;
     m_has_begun = false;
-    m_told.clear();
+    m_told_bytes = 0;
     m_num_told = 0;
     if (m_tags.size() > ROOM_OF_TAGS.texts / 2) {
         send(m_tags);

@@ -74,7 +74,8 @@ private:
     std::uint64_t m_tokens_without_number = 0; ///< of the sentence, for want of room
     XmlPlace m_begin;                          ///< of the sentence
     bool m_has_begun = false;
-    std::string m_told; ///< the tokens of the sentence: length, line, text
+    std::vector<char> m_told;     ///< the tokens of the sentence, each behind its length
+    std::size_t m_told_bytes = 0; ///< of these
     std::uint64_t m_num_told = 0;
 };
 

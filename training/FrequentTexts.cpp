@@ -1,6 +1,7 @@
 #include "training/FrequentTexts.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 
 namespace zelvor {
@@ -20,8 +21,31 @@ std::string_view beginning(std::string_view text) {
     return text.substr(0, length);
 }
 
+/// Up to eight bytes.
+std::uint64_t word_at(const char* text, std::size_t length) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text, length);
+    return word;
+}
+
+constexpr std::size_t MAX_WHOLE = 8; ///< bytes of a text that its hash, length and kind tell from any other
+
+/// Most texts are short: these are mixed at once.
 std::uint64_t hash_of(std::uint8_t kind, std::string_view text) {
-    return std::hash<std::string_view>()(text) + std::uint64_t{kind} * 0x9E3779B97F4A7C15;
+    constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15;
+    const std::size_t size = text.size();
+    std::uint64_t hash = (size * 256 + kind) * ODD;
+    if (size > 16)
+        hash ^= std::hash<std::string_view>()(text);
+    else if (size > MAX_WHOLE)
+        hash = (hash ^ word_at(text.data(), 8)) * ODD ^ word_at(text.data() + size - 8, 8);
+    else if (size >= 4)
+        hash ^= word_at(text.data(), 4) << 32 | word_at(text.data() + size - 4, 4);
+    else if (size > 0)
+        hash ^= static_cast<unsigned char>(text[0]) << 16 | static_cast<unsigned char>(text[size / 2]) << 8 |
+                static_cast<unsigned char>(text[size - 1]);
+    hash = (hash ^ hash >> 32) * ODD;
+    return hash ^ hash >> 29;
 }
 
 std::string_view kept_file(std::string_view file) { return file.size() <= MAX_FILE ? file : std::string_view(); }
@@ -36,7 +60,8 @@ std::uint32_t FrequentTexts::find(std::uint8_t kind, std::string_view text) cons
 std::uint32_t FrequentTexts::find(std::uint64_t hash, std::uint8_t kind, std::string_view text) const {
     return m_index.find(hash, [&](std::uint32_t number) {
         const Entry& entry = m_entries[number];
-        return entry.hash == hash && entry.kind == kind && text_of(entry) == text;
+        return entry.hash == hash && entry.kind == kind && entry.length == text.size() &&
+               (text.size() <= MAX_WHOLE || text_of(entry) == text);
     });
 }
 

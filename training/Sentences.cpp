@@ -101,8 +101,10 @@ void Sentences::add(const Token& token, std::string_view text) {
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
     const bool may_be_dropped = m_ends == 0 || m_options.whole_sentences;
-    if (m_statistics)
-        m_statistics->add(ColumnLines::value_of(m_tag, token), text, may_be_dropped);
+    if (m_statistics) {
+        const std::string_view tag = ColumnLines::value_of(m_tag, token);
+        m_statistics->add(tag.empty() ? "_" : tag, text, may_be_dropped);
+    }
     if (m_options.verbose && may_be_dropped)
         m_told.emplace_back(m_place(), text);
     if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
