@@ -42,6 +42,9 @@ public:
           m_tokens(m_written + m_report.left_out()) {}
 
     ReportFindings run() {
+        if (m_tokens == 0)
+            mend("No token was found: --word, --punctuation and --sentence may name other elements; --survey tells "
+                 "which there are.");
         find_failed_files();
         find_tokens_left_out();
         if (m_written > 0) {
@@ -184,9 +187,9 @@ const char* remedy_of(Count reason, bool has_lexicon) {
 std::string percent(std::uint64_t part, std::uint64_t all) {
     const double percent = 100 * share(part, all);
     if (part > 0 && percent < 0.1)
-        return "less than 0.1 %";
+        return "<0.1 %";
     if (part < all && percent > 99.9)
-        return "more than 99.9 %";
+        return ">99.9 %";
     return decimal(percent) + " %";
 }
 

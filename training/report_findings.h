@@ -21,7 +21,7 @@ ReportFindings find_what_to_mend(const ReportContents& contents);
 /// What can be done about tokens that are left out for this reason.
 const char* remedy_of(ConversionReport::Count reason, bool has_lexicon);
 
-/// One number of another in percent, "0.3 %"; of what rounds to nothing or to all, it says so.
+/// One number of another in percent: "0.3 %", "<0.1 %", ">99.9 %".
 std::string percent(std::uint64_t part, std::uint64_t all);
 
 } // namespace zelvor

@@ -34,22 +34,23 @@ p { margin: .4rem 0; }
 .verdict.nothing { border-color: var(--none); }
 .soft, th, .place { color: var(--soft); }
 li { margin: .4rem 0; }
-table { width: 100%; border-collapse: collapse; margin: .6rem 0; }
+table { width: 100%; table-layout: fixed; border-collapse: collapse; margin: .6rem 0; }
 th, td { text-align: left; vertical-align: top; padding: .25rem .6rem .25rem 0; border-bottom: 1px solid var(--line); }
 th { font-weight: 600; font-size: .85rem; }
 td { overflow-wrap: anywhere; }
-.number { text-align: right; white-space: nowrap; overflow-wrap: normal; font-variant-numeric: tabular-nums; }
-.chart { width: 34%; padding-right: 0; vertical-align: middle; }
+.number { width: 7rem; text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
+.chart { width: 30%; }
+.place { width: 32%; }
 .place, small { font-size: .85rem; }
 .token { white-space: pre-wrap; }
 bdi { unicode-bidi: isolate; }
 svg { display: block; width: 100%; }
-svg.bar { height: .75rem; }
+svg.bar { height: .75rem; margin-top: .4rem; }
 svg.all { height: 1.75rem; margin: .6rem 0; }
 svg.key { display: inline-block; width: .8rem; height: .8rem; margin-right: .4rem; vertical-align: -.05rem; }
 summary { cursor: pointer; padding: .3rem 0; }
-@media (max-width: 40rem) { body { font-size: 15px; } .chart { width: 20%; } th, td { padding-right: .4rem; }
-  .number { font-size: .9rem; } }
+@media (max-width: 40rem) { body { font-size: 15px; } .chart { width: 18%; } th, td { padding-right: .5rem; }
+  .number { width: 4.8rem; font-size: .85rem; } }
 @media print { main { max-width: none; } }
 )";
 
@@ -77,7 +78,7 @@ std::string escaped(std::string_view text) {
 /// Text from outside, whose direction does not spread.
 std::string isolated(std::string_view text) { return "<bdi>" + escaped(text) + "</bdi>"; }
 
-std::string number_cell(const std::string& number) { return "<td class=\"number\">" + number + "</td>"; }
+std::string number_cell(const std::string& number) { return "<td class=\"number\">" + escaped(number) + "</td>"; }
 
 /// Of a length of the chart, in tenths of a percent.
 std::string part_of(std::uint64_t part, std::uint64_t all) {
@@ -168,7 +169,7 @@ void Page::add_findings() {
 void Page::add_tokens() {
     m_text += "<h2>Tokens</h2>\n";
     if (m_tokens > 0) {
-        m_text += "<svg class=\"all\" role=\"img\" aria-label=\"" + percent(m_written, m_tokens) +
+        m_text += "<svg class=\"all\" role=\"img\" aria-label=\"" + escaped(percent(m_written, m_tokens)) +
                   " of the tokens written\">" + rectangle("0", part_of(m_written, m_tokens), 0);
         std::uint64_t before = m_written;
         for (const Count reason : m_reasons) {
@@ -206,12 +207,13 @@ void Page::add_tokens_of(Count reason) {
     m_text += "<h3>" + escaped(label_of(reason)) + ": " + shown_count(m_report[reason]) + "</h3>\n<p>" +
               escaped(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
     const std::size_t listed = std::min(tokens.texts.size(), ReportContents::MAX_TOKENS);
-    m_text += "<p class=\"soft\">" + shown_count(tokens.texts.size()) + " different tokens" +
+    m_text += "<p class=\"soft\">" + shown_count(tokens.texts.size()) +
+              (tokens.texts.size() == 1 ? " token" : " different tokens") +
               (tokens.texts.size() > listed ? ", the most frequent " + std::to_string(listed) : std::string()) +
               ":</p>\n";
     add_estimate(tokens);
-    m_text +=
-        "<table>\n<tr><th>Token</th><th class=\"number\">Times</th><th class=\"chart\"></th><th>First in</th></tr>\n";
+    m_text += "<table>\n<tr><th>Token</th><th class=\"number\">Times</th><th class=\"chart\"></th><th "
+              "class=\"place\">First in</th></tr>\n";
     for (std::size_t i = 0; i < listed; ++i) {
         const auto& [text, count, place] = tokens.texts[i];
         m_text += "<tr><td class=\"token\">" +
@@ -308,7 +310,8 @@ void Page::add_tags() {
         return;
     }
     const std::size_t listed = std::min(tags.texts.size(), ReportContents::MAX_TAGS);
-    m_text += "<p class=\"soft\">" + shown_count(tags.texts.size()) + " different values of the column " +
+    m_text += "<p class=\"soft\">" + shown_count(tags.texts.size()) +
+              (tags.texts.size() == 1 ? " value" : " different values") + " of the column " +
               isolated(shown(m_contents.tag_column)) +
               (tags.texts.size() > listed ? ", the most frequent " + shown_count(listed) : std::string()) + ":</p>\n";
     add_estimate(tags);
