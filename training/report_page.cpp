@@ -96,6 +96,11 @@ std::string bar_cell(std::uint64_t part, std::uint64_t all, std::size_t color) {
            "</svg></td>";
 }
 
+/// Of different texts.
+std::string number_of(const ConversionStatistics::Frequent& frequent) {
+    return (frequent.is_exact() ? "" : "At least ") + shown_count(frequent.texts.size());
+}
+
 /// The page, section by section.
 class Page {
 public:
@@ -207,8 +212,7 @@ void Page::add_tokens_of(Count reason) {
     m_text += "<h3>" + escaped(label_of(reason)) + ": " + shown_count(m_report[reason]) + "</h3>\n<p>" +
               escaped(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
     const std::size_t listed = std::min(tokens.texts.size(), ReportContents::MAX_TOKENS);
-    m_text += "<p class=\"soft\">" + shown_count(tokens.texts.size()) +
-              (tokens.texts.size() == 1 ? " token" : " different tokens") +
+    m_text += "<p class=\"soft\">" + number_of(tokens) + (tokens.texts.size() == 1 ? " token" : " different tokens") +
               (tokens.texts.size() > listed ? ", the most frequent " + std::to_string(listed) : std::string()) +
               ":</p>\n";
     add_estimate(tokens);
@@ -310,9 +314,8 @@ void Page::add_tags() {
         return;
     }
     const std::size_t listed = std::min(tags.texts.size(), ReportContents::MAX_TAGS);
-    m_text += "<p class=\"soft\">" + shown_count(tags.texts.size()) +
-              (tags.texts.size() == 1 ? " value" : " different values") + " of the column " +
-              isolated(shown(m_contents.tag_column)) +
+    m_text += "<p class=\"soft\">" + number_of(tags) + (tags.texts.size() == 1 ? " value" : " different values") +
+              " of the column " + isolated(shown(m_contents.tag_column)) +
               (tags.texts.size() > listed ? ", the most frequent " + shown_count(listed) : std::string()) + ":</p>\n";
     add_estimate(tags);
     const std::span shown(tags.texts.data(), std::min(listed, SHOWN_TAGS));
