@@ -42,8 +42,8 @@ std::uint64_t hash_of(std::uint8_t kind, std::string_view text) {
     else if (size >= 4)
         hash ^= word_at(text.data(), 4) << 32 | word_at(text.data() + size - 4, 4);
     else if (size > 0)
-        hash ^= static_cast<unsigned char>(text[0]) << 16 | static_cast<unsigned char>(text[size / 2]) << 8 |
-                static_cast<unsigned char>(text[size - 1]);
+        hash ^= word_at(text.data(), 1) << 16 | word_at(text.data() + size / 2, 1) << 8 |
+                word_at(text.data() + size - 1, 1);
     hash = (hash ^ hash >> 32) * ODD;
     return hash ^ hash >> 29;
 }

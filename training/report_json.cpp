@@ -4,7 +4,8 @@
 
 #include <json/json.h>
 
-#include <ranges>
+#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace zelvor {
@@ -12,6 +13,10 @@ namespace zelvor {
 namespace {
 
 using Count = ConversionReport::Count;
+
+std::span<const FrequentTexts::Text> first(const std::vector<FrequentTexts::Text>& texts, std::size_t most) {
+    return std::span(texts).first(std::min(texts.size(), most));
+}
 
 Json::Value place_json(const ReportContents& contents, std::uint32_t document, std::string_view file, long line) {
     Json::Value place;
@@ -34,7 +39,7 @@ Json::Value tags_json(const ReportContents& contents) {
     const auto tags = contents.statistics.frequent(ConversionStatistics::TAG);
     Json::Value json = summary_of(tags);
     json["column"] = shown(contents.tag_column);
-    for (const FrequentTexts::Text& tag : tags.texts | std::views::take(ReportContents::MAX_TAGS)) {
+    for (const FrequentTexts::Text& tag : first(tags.texts, ReportContents::MAX_TAGS)) {
         Json::Value row;
         row["tag"] = shown_counted(tag.text);
         row["tokens"] = Json::UInt64{tag.count};
@@ -46,7 +51,7 @@ Json::Value tags_json(const ReportContents& contents) {
 Json::Value tokens_json(const ReportContents& contents, Count reason) {
     const auto tokens = contents.statistics.frequent(reason);
     Json::Value json = summary_of(tokens);
-    for (const auto& [text, count, place] : tokens.texts | std::views::take(ReportContents::MAX_TOKENS)) {
+    for (const auto& [text, count, place] : first(tokens.texts, ReportContents::MAX_TOKENS)) {
         Json::Value row = place_json(contents, place.document, place.file, place.line);
         row["token"] = shown_counted(text);
         row["tokens"] = Json::UInt64{count};
