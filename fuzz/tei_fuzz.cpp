@@ -1,5 +1,6 @@
 // Two TEI documents, one after the other, through both kinds of conversion.
 #include "fuzz/fuzz.h"
+#include "training/ConversionStatistics.h"
 #include "training/DocumentConverter.h"
 #include "training/TagLexicon.h"
 
@@ -11,20 +12,30 @@ namespace {
 /// One kind of conversion; every token of a document is written or left out for a reason.
 class Converter : public ConversionSink {
 public:
-    explicit Converter(const TagLexicon* lexicon) : m_converter(options(lexicon), {lexicon}) {}
+    explicit Converter(const TagLexicon* lexicon) : m_converter(options(lexicon), {lexicon, nullptr, 1, true}) {}
 
     std::string read(const std::string& path) {
         m_lines.clear();
+        m_counted = 0;
         m_converter.convert(path, 1, *this);
         require(static_cast<std::uint64_t>(std::ranges::count(m_lines, '\n')) ==
                     m_converter.report()[ConversionReport::TOKENS_WRITTEN] +
                         m_converter.report()[ConversionReport::SENTENCES],
                 "the report counts the lines", m_lines);
+        require(m_counted == m_converter.report()[ConversionReport::TOKENS_WRITTEN] + m_converter.report().left_out(),
+                "every token is counted by its text", m_lines);
         return m_lines;
     }
 
     void write(std::string_view text, std::uint64_t) override { m_lines += text; }
     void fault(const std::string&, const XmlPlace&, const std::string&) override {}
+    void count(StatisticsPart&& part) override {
+        for (std::uint8_t kind = 0; kind < ConversionReport::COUNTS; ++kind) {
+            m_counted += part.sums.unlisted[kind];
+            for (const FrequentTexts::Text& text : part.texts.sorted(kind))
+                m_counted += text.count;
+        }
+    }
     void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
 
 private:
@@ -39,6 +50,7 @@ private:
 
     DocumentConverter m_converter;
     std::string m_lines;
+    std::uint64_t m_counted = 0; ///< tokens, in the statistics
 };
 
 } // namespace

@@ -61,6 +61,7 @@ public:
         faults.append(faults.empty() ? "" : "\n").append(to_string(place, document) + ": " + message);
     }
     void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
+    void count(StatisticsPart&&) override {}
 
     /// Ctrl-C, and what else a handler of signals raises, which is then Python's error.
     bool is_cancelled() const override {

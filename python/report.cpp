@@ -1,5 +1,6 @@
 #include "python/report.h"
 
+#include <json/json.h>
 #include <pybind11/stl.h>
 
 namespace zelvor::python {
@@ -29,7 +30,10 @@ constexpr Section SECTIONS[] = {
 } // namespace
 
 py::object make_report(const ConversionReport& report, int status, const std::vector<std::string>& messages) {
-    Report made{py::module_::import("json").attr("loads")(report.json(status)), report.text(), py::list()};
+    Json::Value json = report.json();
+    json["status"] = status;
+    const std::string text = Json::writeString(Json::StreamWriterBuilder(), json);
+    Report made{py::module_::import("json").attr("loads")(text), report.text(), py::list()};
     for (const std::string& message : messages)
         made.messages.append(to_str(message, "replace"));
     return py::cast(std::move(made));

@@ -64,7 +64,7 @@ Lines:
   -j, --jobs=N             convert N files at the same time; default: a job for each core. The result is the same
       --hidden             read hidden files and folders below a folder too
       --strict             stop at the first fault
-      --report=FILE        write the report as JSON, too
+      --report=FILE        write a longer report, too: a page for a browser where FILE ends in .html, else JSON
   -v, --verbose            tell each token that is left out, with its place
   -q, --quiet              no progress line; twice: no report either
   -h, --help               this text

@@ -28,8 +28,10 @@ public:
     std::string_view end() override;
     void clear() override;
 
-private:
+    /// What the column holds of a token; empty where it has none.
     static std::string_view value_of(const Column& column, const Token& token);
+
+private:
     void append_odd(Column::Kind kind, std::string_view value, TokenOutcome& outcome);
 
     const ConversionOptions& m_options;

@@ -90,9 +90,9 @@ void ConlluLines::end_group() {
 TokenOutcome ConlluLines::add(const Token& token) {
     const std::string_view form = without_wide_runs(token.form, m_collapsed);
     const bool has_form = !trimmed(form).empty();
-    if (token.flaw && (is_no_token(*token.flaw) || !has_form))
+    if (token.flaw && is_no_token(*token.flaw))
         return {false, false, token.flaw, {}};
-    if (!has_form && !m_options.has_lexicon)
+    if (!has_form && (token.flaw || !m_options.has_lexicon))
         return {false, false, ConversionReport::NO_FORM, {}};
     TokenOutcome outcome{true, false, token.flaw, {}};
     if (m_options.has_lexicon && !token.flaw && token.pos.empty())

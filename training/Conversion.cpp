@@ -1,11 +1,14 @@
 #include "training/Conversion.h"
 
 #include "training/ColumnLines.h"
+#include "training/ConversionStatistics.h"
 #include "training/DocumentConverter.h"
 #include "training/DocumentTurns.h"
 #include "training/TagLexicon.h"
 #include "training/TagMap.h"
 #include "training/no_token.h"
+#include "training/report_json.h"
+#include "training/report_page.h"
 #include "training/shown_text.h"
 #include "training/tei_inputs.h"
 #include "utils/common_utils/output_file.h"
@@ -37,6 +40,7 @@ public:
     void write(std::string_view text, std::uint64_t tokens) override;
     void fault(const std::string& message) override;
     void left_out(const std::string& message) override { m_observer.leave_out(message); }
+    void count(const StatisticsPart& part) override { m_statistics.add(part, number()); }
     void add(const ConversionReport& report, const Survey* survey) override;
 
 private:
@@ -49,6 +53,7 @@ private:
     void convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables);
     void check_that_something_came();
     void check_that_it_is_wanted() const;
+    std::uint32_t number() const { return static_cast<std::uint32_t>(m_ended); } ///< of the document in turn
     void complain(const std::string& message) { m_observer.complain(message); }
     void end(const std::string& message);
     void write_report();
@@ -56,7 +61,8 @@ private:
     const ConversionTask& m_task;
     const ConversionObserver& m_observer;
     ConversionReport m_report;
-    Survey m_survey; ///< of the first documents, as long as no token is written
+    ConversionStatistics m_statistics; ///< where there is a report file
+    Survey m_survey;                   ///< of the first documents, as long as no token is written
     TagLexicon m_lexicon;
     TagMap m_map;
     std::unique_ptr<OutputFile> m_output, m_report_file;
@@ -160,7 +166,7 @@ void Conversion::load_lexicon() {
 void Conversion::read_documents() {
     const std::size_t jobs = std::clamp<std::size_t>(m_task.jobs, 1, m_documents.size());
     const DocumentConverter::Tables tables{m_task.lexicon.empty() ? nullptr : &m_lexicon,
-                                           m_task.map.empty() ? nullptr : &m_map, jobs};
+                                           m_task.map.empty() ? nullptr : &m_map, jobs, !m_task.report.empty()};
     DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES);
     const std::stop_callback on_cancelled(m_observer.cancelled, [&turns] { turns.stop(nullptr); });
     {
@@ -219,6 +225,8 @@ void Conversion::write(std::string_view text, std::uint64_t tokens) {
 
 void Conversion::add(const ConversionReport& report, const Survey* survey) {
     m_report += report;
+    if (!m_task.report.empty())
+        m_statistics.end_document(number(), report);
     if (survey && m_tokens == 0 && m_survey.tokens() < Survey::TOKENS_OF_HINT)
         m_survey.add(*survey);
     m_observer.progress(++m_ended, m_documents.size(), m_tokens);
@@ -244,6 +252,7 @@ void Conversion::end(const std::string& message) {
     for (const auto count : {ConversionReport::SENTENCES, ConversionReport::TOKENS_WRITTEN,
                              ConversionReport::TOKENS_REPLACED, ConversionReport::TOKENS_LACKING})
         m_report[count] = 0;
+    m_statistics.forget_written();
 }
 
 /// The report goes out whatever has happened, unless nobody wants it.
@@ -251,10 +260,17 @@ void Conversion::write_report() {
     if (!m_report_file || m_observer.cancelled.stop_requested())
         return;
     try {
-        m_report_file->write(m_report.json(m_has_fault ? 1 : 0));
+        const ReportContents contents{
+            m_report,           m_statistics, m_documents, tag_column(m_task.options).name, !m_task.lexicon.empty(),
+            m_has_fault ? 1 : 0};
+        const bool is_page = m_task.report.ends_with(".html");
+        m_report_file->write(is_page ? report_page(contents) : report_json(contents));
         m_report_file->commit();
     } catch (const std::system_error& error) {
         complain(shown_path(error.what()));
+        m_has_fault = true;
+    } catch (const std::bad_alloc&) {
+        complain(shown_path(m_task.report) + ": out of memory");
         m_has_fault = true;
     }
 }

@@ -105,16 +105,15 @@ std::string ConversionReport::text() const {
     return counts[LEXICON_LINES] > 0 ? text + section_text("lexicon") : text;
 }
 
-std::string ConversionReport::json(int status) const {
+Json::Value ConversionReport::json() const {
     Json::Value root;
     for (std::size_t i = 0; i < COUNTS; ++i)
         root[ROWS[i].section][ROWS[i].key] = Json::UInt64{counts[i]};
-    root["status"] = status;
-    Json::StreamWriterBuilder format;
-    format["indentation"] = "  ";
-    return Json::writeString(format, root) + "\n";
+    return root;
 }
 
 const char* label_of(ConversionReport::Count count) { return ROWS[count].label; }
+
+const char* key_of(ConversionReport::Count count) { return ROWS[count].key; }
 
 } // namespace zelvor

@@ -6,6 +6,10 @@
 #include <string_view>
 #include <vector>
 
+namespace Json {
+class Value;
+}
+
 namespace zelvor {
 
 /// What a conversion has read, written and left out. Every token that ends is counted once for each time that it is
@@ -51,8 +55,8 @@ struct ConversionReport {
 
     /// A line a section and a line a reason, without what did not occur; for people.
     std::string text() const;
-    /// An object of the same sections, with the exit status of the run beside them and a line feed behind.
-    std::string json(int status) const;
+    /// An object of the same sections.
+    Json::Value json() const;
 
     std::array<std::uint64_t, COUNTS> counts{};
 
@@ -67,5 +71,7 @@ private:
 
 /// What the report says of a count: "no analysis" and such.
 const char* label_of(ConversionReport::Count count);
+/// Its member in the section of the JSON: "no_analysis" and such.
+const char* key_of(ConversionReport::Count count);
 
 } // namespace zelvor

@@ -4,6 +4,7 @@
 #include "training/AttributeTokens.h"
 #include "training/ColumnLines.h"
 #include "training/ConlluLines.h"
+#include "training/ConversionStatistics.h"
 #include "training/LexiconAnnotation.h"
 #include "training/LexiconTokens.h"
 #include "training/Survey.h"
@@ -86,7 +87,9 @@ std::unique_ptr<SentenceFormat> make_format(const ConversionOptions& options) {
 struct DocumentConverter::Stages {
     Stages(const ConversionOptions& all_options, const Tables& tables, std::unique_ptr<SentenceFormat> own_format)
         : options(all_options), format(own_format ? std::move(own_format) : make_format(options)),
-          sentences(options, *format, report, [this] { return reader->place(); }) {
+          statistics([this] { return reader->place(); }),
+          sentences(options, *format, report, tables.with_statistics ? &statistics : nullptr,
+                    [this] { return reader->place(); }) {
         if (tables.lexicon)
             from_lexicon = std::make_unique<FromLexicon>(options, tables, sentences);
         else
@@ -109,6 +112,7 @@ struct DocumentConverter::Stages {
     ConversionSink* sink = nullptr;
     ConversionReport report;
     std::unique_ptr<SentenceFormat> format;
+    DocumentStatistics statistics;
     Sentences sentences;
     std::unique_ptr<FromLexicon> from_lexicon; ///< either of the two
     std::unique_ptr<FromAttributes> from_attributes;

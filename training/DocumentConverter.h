@@ -23,6 +23,7 @@ public:
         const TagLexicon* lexicon = nullptr; ///< null: annotation from attributes
         const TagMap* map = nullptr;         ///< null: tags stay
         std::size_t jobs = 1;                ///< converters that remember analyses within one bound
+        bool with_statistics = false;
     };
 
     /// Options and tables must live as long as this. Without a format it is the one of the options.

@@ -2,9 +2,17 @@
 
 #include "training/shown_text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zelvor {
+
+namespace {
+
+/// Of all documents, when all that may be kept is kept.
+constexpr std::size_t MAX_KEPT_STATISTICS = std::size_t{512} * 1024;
+
+} // namespace
 
 DocumentTurns::DocumentTurns(DocumentOutlet& outlet, std::size_t documents, std::size_t max_kept_bytes)
     : m_outlet(outlet), m_documents(documents), m_max_kept_bytes(max_kept_bytes) {}
@@ -23,6 +31,9 @@ void DocumentTurns::deliver(Document::Kept& kept) {
     for (const auto& [is_token, message] : kept.messages)
         is_token ? m_outlet.left_out(message) : m_outlet.fault(message);
     kept.messages.clear();
+    for (const StatisticsPart& part : kept.parts)
+        m_outlet.count(part);
+    kept.parts.clear();
     m_kept_bytes -= std::exchange(kept.bytes, 0);
     if (const std::string text = std::exchange(kept.text, {}); !text.empty())
         m_outlet.write(text, std::exchange(kept.tokens, 0));
@@ -110,6 +121,14 @@ void DocumentTurns::Document::left_out(ConversionReport::Count reason, const std
         return m_turns.m_outlet.left_out(line);
     m_kept.messages.emplace_back(true, std::move(line));
     keep(m_kept.messages.back().second.size() + sizeof m_kept.messages.back());
+}
+
+void DocumentTurns::Document::count(StatisticsPart&& part) {
+    if (is_in_turn())
+        return m_turns.m_outlet.count(part);
+    const std::size_t bytes = part.bytes();
+    m_kept.parts.push_back(std::move(part));
+    keep(bytes * std::max<std::size_t>(m_turns.m_max_kept_bytes / MAX_KEPT_STATISTICS, 1));
 }
 
 void DocumentTurns::Document::end(const ConversionReport& report, std::unique_ptr<Survey> survey,

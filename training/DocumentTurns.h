@@ -1,6 +1,7 @@
 #pragma once
 
 #include "training/ConversionReport.h"
+#include "training/ConversionStatistics.h"
 #include "training/Sentences.h"
 #include "training/Survey.h"
 
@@ -25,6 +26,7 @@ public:
     virtual void write(std::string_view text, std::uint64_t tokens) = 0;
     virtual void fault(const std::string& message) = 0;
     virtual void left_out(const std::string& message) = 0;
+    virtual void count(const StatisticsPart& part) = 0;
     /// Of a document that has ended. The survey may be null.
     virtual void add(const ConversionReport& report, const Survey* survey) = 0;
 };
@@ -49,6 +51,7 @@ public:
         void fault(const std::string& document, const XmlPlace& place, const std::string& message) override;
         void left_out(ConversionReport::Count reason, const std::string& document, const XmlPlace& place,
                       const std::string& text) override;
+        void count(StatisticsPart&& part) override;
         bool is_cancelled() const override { return m_turns.m_is_stopped; }
 
         /// The document has ended, by itself or by what it threw, which stops all others behind it.
@@ -68,6 +71,7 @@ public:
             std::string text;
             std::uint64_t tokens = 0;
             std::vector<std::pair<bool, std::string>> messages; ///< of tokens left out, or of faults
+            std::vector<StatisticsPart> parts;
             ConversionReport report;
             std::unique_ptr<Survey> survey;
             std::exception_ptr thrown;

@@ -1,14 +1,17 @@
 #include "training/Sentences.h"
 
+#include "training/ColumnLines.h"
+#include "training/ConversionStatistics.h"
+
 #include <utility>
 
 namespace zelvor {
 
 Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
-                     std::function<XmlPlace()> place)
+                     DocumentStatistics* statistics, std::function<XmlPlace()> place)
     : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN),
       m_writes_empty(options.has_lexicon && options.format == ConversionOptions::Format::COLUMNS), m_format(format),
-      m_report(report), m_place(std::move(place)) {}
+      m_report(report), m_statistics(statistics), m_tag(tag_column(options)), m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_document = name;
@@ -16,12 +19,19 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_format.clear(); // of a document that did not come to its end
     m_told.clear();
     m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
+    m_lacks = {};
     m_depth = 0;
     m_has_begun = false;
     m_is_whole = true;
+    if (m_statistics)
+        m_statistics->begin_document([this](StatisticsPart&& part) { m_sink->count(std::move(part)); });
 }
 
-void Sentences::end_document() { finish(m_ends); }
+void Sentences::end_document() {
+    finish(m_ends);
+    if (m_statistics)
+        m_statistics->end_document();
+}
 
 void Sentences::begin_sentence(const XmlAttributes& attributes) {
     ++m_report.sentence_elements;
@@ -55,11 +65,14 @@ void Sentences::finish(std::uint64_t times) {
     m_format.clear();
     m_told.clear();
     m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
+    m_lacks = {};
     m_is_whole = true;
 }
 
 void Sentences::drop(ConversionReport::Count reason) {
     m_report[reason] += m_tokens;
+    if (m_statistics)
+        m_statistics->drop(reason, m_tokens);
     for (const auto& [place, text] : m_told)
         m_sink->left_out(reason, m_document, place, text);
 }
@@ -68,7 +81,11 @@ void Sentences::write(std::uint64_t times) {
     m_report[ConversionReport::SENTENCES] += times;
     m_report[ConversionReport::TOKENS_WRITTEN] += times * m_tokens;
     m_report[ConversionReport::TOKENS_REPLACED] += times * m_replaced;
+    for (std::size_t i = 0; i < m_lacks.size(); ++i)
+        m_report.counts[i] += times * m_lacks[i];
     m_report[ConversionReport::TOKENS_LACKING] += times * m_lacking;
+    if (m_statistics)
+        m_statistics->write(m_tokens, times);
     for (; times > 0; --times)
         m_sink->write(m_format.end(), m_unwritten);
 }
@@ -77,30 +94,42 @@ void Sentences::add(const Token& token, std::string_view text) {
     if (m_sink->is_cancelled())
         throw ConversionCancelled();
     if (!is_in_sentence())
-        return leave_out(m_rule == SentenceRule::TO_NEXT && token.flaw ? *token.flaw
-                                                                       : ConversionReport::OUTSIDE_SENTENCE,
-                         text, token.detail);
+        return leave_out(m_writes_empty && token.flaw ? *token.flaw : ConversionReport::OUTSIDE_SENTENCE, text,
+                         token.detail);
     const TokenOutcome outcome =
         token.is_overlong ? TokenOutcome{false, false, ConversionReport::BREAKS_LINE, {}} : m_format.add(token);
-    if (outcome.reason) {
-        m_is_whole = m_is_whole && outcome.is_written;
-        leave_out(*outcome.reason, text, token.detail);
+    if (!outcome.is_written) {
+        m_is_whole = false;
+        return leave_out(*outcome.reason, text, token.detail);
     }
-    if (!outcome.is_written)
-        return;
+    note_lacks(outcome, text, token.detail);
     ++m_tokens;
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
-    m_lacking += outcome.reason.has_value();
-    for (const Unfit& unfit : outcome.unfit) {
-        ++m_report[unfit.kind];
-        tell(unfit.kind, text, unfit.text);
+    const bool may_be_dropped = m_ends == 0 || m_options.whole_sentences;
+    if (m_statistics) {
+        const std::string_view tag = ColumnLines::value_of(m_tag, token);
+        m_statistics->add(tag.empty() ? "_" : tag, text, may_be_dropped);
     }
-    if (m_options.verbose && (m_ends == 0 || m_options.whole_sentences))
+    if (m_options.verbose && may_be_dropped)
         m_told.emplace_back(m_place(), text);
     if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
         if (const std::string some = m_format.take_some(); !some.empty())
             m_sink->write(some, std::exchange(m_unwritten, 0));
+}
+
+/// What a token that is written is without; it counts when its sentence is written.
+void Sentences::note_lacks(const TokenOutcome& outcome, std::string_view text, std::string_view detail) {
+    if (outcome.reason) {
+        ++m_lacking;
+        ++m_lacks[*outcome.reason];
+        tell(*outcome.reason, text, detail);
+        stop_where_wanted(*outcome.reason, text);
+    }
+    for (const Unfit& unfit : outcome.unfit) {
+        ++m_lacks[unfit.kind];
+        tell(unfit.kind, text, unfit.text);
+    }
 }
 
 void Sentences::tell(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
@@ -111,7 +140,13 @@ void Sentences::tell(ConversionReport::Count reason, std::string_view text, std:
 
 void Sentences::leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail) {
     ++m_report[reason];
+    if (m_statistics)
+        m_statistics->leave_out(reason, text);
     tell(reason, text, detail);
+    stop_where_wanted(reason, text);
+}
+
+void Sentences::stop_where_wanted(ConversionReport::Count reason, std::string_view text) const {
     const bool is_malformed = reason == ConversionReport::NOT_JSON || reason == ConversionReport::OTHER_JSON;
     const bool is_bad_token =
         reason == ConversionReport::BREAKS_LINE && m_options.on_bad_token == ConversionOptions::BadToken::FAIL;

@@ -16,6 +16,9 @@
 
 namespace zelvor {
 
+class DocumentStatistics;
+struct StatisticsPart;
+
 /// Ends a conversion before its end: at a bad token, or at a fault where none is wanted.
 struct ConversionStopped : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -31,6 +34,8 @@ public:
     /// A token without a training line, where each is to be told.
     virtual void left_out(ConversionReport::Count reason, const std::string& document, const XmlPlace& place,
                           const std::string& text) = 0;
+    /// What is to be counted of the document; only where statistics are.
+    virtual void count(StatisticsPart&& part) = 0;
     /// Whether the rest of the document is not wanted any more.
     virtual bool is_cancelled() const { return false; }
 };
@@ -51,9 +56,9 @@ enum class SentenceRule {
 /// counted by its reason, and told where that is wanted.
 class Sentences {
 public:
-    /// All references must live as long as this.
+    /// All references must live as long as this, and so the statistics, which may be null.
     Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
-              std::function<XmlPlace()> place);
+              DocumentStatistics* statistics, std::function<XmlPlace()> place);
 
     /// The sink must live as long as the document.
     void begin_document(const std::string& name, ConversionSink& sink);
@@ -82,6 +87,9 @@ private:
     void drop(ConversionReport::Count reason);
     void write(std::uint64_t times);
     void leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail);
+    void note_lacks(const TokenOutcome& outcome, std::string_view text, std::string_view detail);
+    /// Throws ConversionStopped.
+    void stop_where_wanted(ConversionReport::Count reason, std::string_view text) const;
     void tell(ConversionReport::Count reason, std::string_view text, std::string_view detail);
 
     const ConversionOptions& m_options;
@@ -89,6 +97,8 @@ private:
     bool m_writes_empty; ///< sentences
     SentenceFormat& m_format;
     ConversionReport& m_report;
+    DocumentStatistics* m_statistics;
+    const Column& m_tag;
     ConversionSink* m_sink = nullptr;
     std::function<XmlPlace()> m_place;
 
@@ -97,6 +107,7 @@ private:
     bool m_has_begun = false;                             ///< a sentence of this document
     std::uint64_t m_tokens = 0;                           ///< of the sentence
     std::uint64_t m_replaced = 0, m_lacking = 0;          ///< of them
+    decltype(ConversionReport::counts) m_lacks{};         ///< what they lack
     std::uint64_t m_unwritten = 0;                        ///< tokens of its text that has not gone out yet
     std::uint64_t m_ends = 0;                             ///< of the sentence, where it goes on to the next
     bool m_is_whole = true;                               ///< no token of it was left out

@@ -16,7 +16,7 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::size_t MAX_JOBS = 1024;
+constexpr std::size_t MAX_JOBS = 256;
 
 template<typename Value>
 struct Choice {

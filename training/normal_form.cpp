@@ -15,7 +15,8 @@ constexpr unsigned char FIRST_COMBINING = 0xCC;
 } // namespace
 
 void to_normal_form(std::string& text) {
-    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < FIRST_COMBINING; }))
+    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < FIRST_COMBINING; }) ||
+        text.find('\0') != std::string::npos) // where normalisation would end
         return;
     const std::unique_ptr<char, void (*)(void*)> normal(
         g_utf8_normalize(text.data(), static_cast<gssize>(text.size()), G_NORMALIZE_DEFAULT_COMPOSE), g_free);

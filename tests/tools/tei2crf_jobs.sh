@@ -12,7 +12,7 @@ for i in $(seq 100 220); do
     0) echo '<t><s><c>,</c></s><s><c>.' ;;
     1) echo '<t/>' ;;
     2) : ;;
-    3) echo "<!DOCTYPE t [<!ENTITY e SYSTEM '../e'>]><t>&e;<s><w pos='n'>$i</w><w>no tag</w></s></t>" ;;
+    3) echo "<!DOCTYPE t [<!ENTITY e SYSTEM '../e'>]><t>&e;<s><w pos='n'>$i</w><w>no tag</w>$(seq $((i * 5)) | sed "s,.*,<w>n&</w><w pos='t&'>t</w>,")</s></t>" ;;
     4) echo "<t>$(yes "<s><w pos='n'>$i</w><w pos='n'>a b</w></s>" | head -n $((i * 20)))</t>" ;;
     *) echo "<t><c>,</c><s xml:id='s'><w lemma=\"x{'ls':[{'name':'l','wfs':[{'id':$((i % 2))}]}]}x\" pos='v'>$i</w><c>.</c></s></t>" ;;
     esac >corpus/$i.xml
@@ -20,21 +20,22 @@ done
 ln -s nowhere corpus/150.tei
 echo '0#s#sp#3#l#src#V#1#w#9#10#11#12#13#14#15#16#Verb#18#19#20#21' >lexicon
 compared=0
-while read -r options; do
+while read -r format options; do
     for jobs in 1 2 3 16; do
         # shellcheck disable=SC2086 # a list of words is meant
-        "$program" $options -j $jobs --report=report.$jobs corpus >out.$jobs 2>err.$jobs || echo $? >>out.$jobs
+        "$program" $options -j $jobs --report=$jobs.$format corpus >out.$jobs 2>err.$jobs || echo $? >>out.$jobs
+        cp $jobs.$format report.$jobs
         for stream in out err report; do
             cmp $stream.1 $stream.$jobs || { echo "by: $options -j $jobs"; exit 1; }
         done
     done
     [ -s out.1 ] && compared=$((compared + 1))
 done <<'EOF'
--q
--v --columns=form,lemma,pos
--l lexicon -v
---strict
---on-bad-token=fail --header
---whole-sentences -v
+json -q
+html -v --columns=form,lemma,pos
+html -l lexicon -v
+json --strict
+json --on-bad-token=fail --header
+json --whole-sentences -v
 EOF
 [ "$compared" -eq 6 ]

@@ -28,7 +28,8 @@ extern "C" void remove_temporaries(int signal) {
     for (const char* const name : temporaries)
         if (*name)
             unlink(name);
-    raise(signal); // the default action is back
+    std::signal(signal, SIG_DFL); // only now: a second one must not end the process before
+    raise(signal);
 }
 
 /// Without a free place the file is removed by its owner only.
@@ -222,7 +223,7 @@ void open_missing_streams() {
 void remove_temporaries_on_signals() {
     struct sigaction action {};
     action.sa_handler = remove_temporaries;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigfillset(&action.sa_mask);
     for (const int signal :
          {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM, SIGPROF, SIGXCPU}) {
         struct sigaction current {};
