@@ -11,9 +11,11 @@
 #include "training/report_page.h"
 #include "training/shown_text.h"
 #include "training/tei_inputs.h"
+#include "utils/common_utils/files.h"
 #include "utils/common_utils/output_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <memory>
 #include <new>
@@ -51,6 +53,7 @@ private:
     void load_lexicon();
     void read_documents();
     void convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables);
+    ConversionReport report_after(std::uint64_t writes, std::size_t number, DocumentConverter::Tables tables) const;
     void check_that_something_came();
     void check_that_it_is_wanted() const;
     std::uint32_t number() const { return static_cast<std::uint32_t>(m_ended); } ///< of the document in turn
@@ -167,7 +170,8 @@ void Conversion::read_documents() {
     const std::size_t jobs = std::clamp<std::size_t>(m_task.jobs, 1, m_documents.size());
     const DocumentConverter::Tables tables{m_task.lexicon.empty() ? nullptr : &m_lexicon,
                                            m_task.map.empty() ? nullptr : &m_map, jobs, !m_task.report.empty()};
-    DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES);
+    DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES,
+                        [&](std::size_t number, std::uint64_t writes) { return report_after(writes, number, tables); });
     const std::stop_callback on_cancelled(m_observer.cancelled, [&turns] { turns.stop(nullptr); });
     {
         std::vector<std::jthread> threads;
@@ -181,6 +185,32 @@ void Conversion::read_documents() {
     turns.rethrow();
 }
 
+/// Of a document whose output fails after so many calls.
+ConversionReport Conversion::report_after(std::uint64_t writes, std::size_t number,
+                                          DocumentConverter::Tables tables) const {
+    class FailingSink : public ConversionSink {
+    public:
+        explicit FailingSink(std::uint64_t writes) : m_left(writes) {}
+        void write(std::string_view /*text*/, std::uint64_t /*tokens*/) override {
+            if (m_left-- == 0)
+                throw std::system_error(EIO, std::generic_category());
+        }
+        void fault(const std::string&, const XmlPlace&, const std::string&) override {}
+        void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
+        void count(StatisticsPart&& /*part*/) override {}
+
+    private:
+        std::uint64_t m_left;
+    } sink(writes);
+    tables.with_statistics = false;
+    DocumentConverter converter(m_task.options, tables);
+    try {
+        converter.convert(m_documents[number], number + 1, sink);
+    } catch (const std::exception&) { // as meant
+    }
+    return converter.report();
+}
+
 /// What one job does.
 void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables) {
     try {
@@ -189,6 +219,8 @@ void Conversion::convert_documents(DocumentTurns& turns, const DocumentConverter
             DocumentTurns::Document document(turns, *number);
             std::exception_ptr thrown;
             try {
+                if (!is_regular_file(m_documents[*number]) && !document.wait_for_turn())
+                    return;
                 converter.convert(m_documents[*number], *number + 1, document);
             } catch (...) {
                 thrown = std::current_exception();

@@ -102,6 +102,10 @@ struct DocumentConverter::Stages {
                                 [this](const std::string& message) {
                                     ++report[ConversionReport::ENTITIES_REFUSED];
                                     fault({}, message);
+                                },
+                                [this] {
+                                    if (sink->is_cancelled())
+                                        throw ConversionCancelled();
                                 }});
     }
 

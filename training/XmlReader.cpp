@@ -119,6 +119,8 @@ private:
         auto& parser = *static_cast<Parser*>(static_cast<xmlpp::Parser*>(current->_private));
         parser.m_current = current;
         try {
+            if (++parser.m_calls % CALLS_A_LOOK == 0 && parser.m_listener.look && !parser.m_thrown)
+                parser.m_listener.look();
             if (!parser.m_thrown)
                 use(*parser.m_handler);
         } catch (...) {
@@ -155,6 +157,8 @@ private:
     bool m_has_error = false; ///< of this document's XML, told
     bool m_has_fatal_error = false;
     bool m_has_endless_attribute = false;
+    static constexpr unsigned int CALLS_A_LOOK = 1024;
+    unsigned int m_calls = 0;
     _xmlParserCtxt* m_current = nullptr; ///< the document's or an entity's parser, within what it calls
     std::exception_ptr m_thrown;         ///< by the handler or for lack of memory, on its way out of the XML library
     CostlyErrors m_costly_errors;

@@ -67,6 +67,8 @@ public:
         std::function<void(const XmlPlace& place, const std::string& message)> fault;
         /// An external entity that is not read; its text is missing.
         std::function<void(const std::string& message)> refused;
+        /// Called now and then while there is something to hand over; may throw as the handler may. May be empty.
+        std::function<void()> look = {};
     };
 
     /// The handler must live as long as the reader.

@@ -35,11 +35,6 @@ std::string with_real_folder(const std::string& path) {
     return real.empty() ? "" : (real == "/" ? "" : real) + "/" + path.substr(folder.size());
 }
 
-bool is_regular_file(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
 /// An address as the parser hands it over: a plain path, or a file URL, whose octets may be escaped.
 std::string local_path(const char* address) {
     std::string_view path = address;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 namespace zelvor {
 
@@ -47,6 +48,12 @@ FolderErrors for_each_name_or_print(const std::string& folder, Use use) {
     if (errors.opening != 0)
         std::cout << "Error(" << errors.opening << ") opening " << folder << std::endl;
     return errors;
+}
+
+/// A link to one included.
+inline bool is_regular_file(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 /// The absolute path without links and ".."; empty when there is nothing of that name.
