@@ -2,6 +2,7 @@
 
 #include "training/normal_form.h"
 #include "training/tags.h"
+#include "utils/common_utils/encoding.h"
 #include "utils/common_utils/text.h"
 
 #include <algorithm>
@@ -113,15 +114,6 @@ std::uint32_t AnalysisPool::add(const Fields& fields) {
     return place->second;
 }
 
-/// Why a file that begins like this is no lexicon, or nothing.
-const char* why_no_lexicon(std::string_view begin) {
-    if (begin.starts_with("\x1F\x8B"))
-        return "is compressed; unpack it, as in -l <(zcat FILE)";
-    if (begin.starts_with("\xFF\xFE") || begin.starts_with("\xFE\xFF") || begin.substr(0, 2).find('\0') < 2)
-        return "is UTF-16; make it UTF-8, as iconv -f UTF-16 -t UTF-8 does";
-    return nullptr;
-}
-
 [[noreturn]] void throw_error(const std::string& filename) {
     throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
 }
@@ -146,7 +138,7 @@ TagLexicon::Counts TagLexicon::load(const std::string& filename, bool nfc, const
         throw_error(filename);
     for (std::string line; std::getline(file, line);) {
         if (++counts.lines == 1) {
-            if (const char* const reason = why_no_lexicon(line))
+            if (const char* const reason = why_not_utf8_text(line))
                 throw std::invalid_argument("the lexicon " + filename + " " + reason);
             counts.has_mark = line.starts_with(BYTE_ORDER_MARK);
             line.erase(0, counts.has_mark ? BYTE_ORDER_MARK.size() : 0);

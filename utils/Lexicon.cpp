@@ -1,5 +1,6 @@
 #include "utils/Lexicon.h"
 
+#include "utils/common_utils/encoding.h"
 #include "utils/common_utils/output_file.h"
 #include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
@@ -57,6 +58,15 @@ std::string fault_of(std::string_view line) {
     return "";
 }
 
+/// Why an entry's line could not be read back; null when it can.
+const char* why_not_written(std::string_view line) {
+    if (std::ranges::count(line, '#') != SEPARATORS || line.find('\n') + 1 != line.size())
+        return "a value with \"#\" or a line end cannot be written: ";
+    if (line.starts_with("//"))
+        return "a line that begins with \"//\" would be a comment: ";
+    return is_valid_utf8(line) ? nullptr : "a value that is not UTF-8 cannot be written: ";
+}
+
 /// The lines that hold entries, as views of the text.
 std::vector<std::string_view> entry_lines(std::string_view text, const std::string& filename,
                                           const Lexicon::BadLine& on_bad_line) {
@@ -84,6 +94,8 @@ std::vector<std::string_view> entry_lines(std::string_view text, const std::stri
 template<typename Use>
 std::size_t for_each_entry(const std::string& filename, const Lexicon::BadLine& on_bad_line, Use use) {
     const std::string text = read_file(filename); // whole, so that nothing is added of a file with a bad line
+    if (const char* const reason = why_not_utf8_text(text))
+        throw std::invalid_argument("the lexicon " + filename + " " + reason);
     const std::vector<std::string_view> lines = entry_lines(text, filename, on_bad_line);
     for (const std::string_view line : lines) {
         auto entry = std::make_unique<LexicalEntry>();
@@ -209,8 +221,8 @@ void Lexicon::write(const std::string& filename) const {
         os.str({});
         entry->export_latin(os);
         const std::string_view line = os.view();
-        if (std::ranges::count(line, '#') != SEPARATORS || line.find('\n') + 1 != line.size() || line.starts_with("//"))
-            throw std::invalid_argument("a value with \"#\" or a line end cannot be written: " + excerpt(line));
+        if (const char* const reason = why_not_written(line))
+            throw std::invalid_argument(reason + excerpt(line));
         file.write(line);
     }
     file.commit();

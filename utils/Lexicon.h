@@ -24,11 +24,12 @@ public:
     /// Appends an entry for each line of a file of lexicon lines (docs/formats.md), folding none of them; comments,
     /// blank lines and a byte order mark are passed over. Returns the number of entries. Throws std::system_error when
     /// the file cannot be read, and std::invalid_argument, which names file and line, for a line of fewer than 22
-    /// fields or not in UTF-8, unless on_bad_line is there to be told of it. The lexicon is then as it was.
+    /// fields or not in UTF-8, unless on_bad_line is there to be told of it; for a file that is UTF-16 or compressed in
+    /// any case. The lexicon is then as it was.
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.
-    /// Returns how many were new. A source with "#", "," or a line end throws std::invalid_argument.
+    /// Returns how many were new. A source with "#", "," or a line end, or not in UTF-8, throws std::invalid_argument.
     std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
                       const BadLine& on_bad_line = {});
 
@@ -45,7 +46,7 @@ public:
 
     /// Writes a line for each entry. The file is there when it is complete, and not before; empty or "-" is standard
     /// output. Throws std::system_error when it cannot be written, and std::invalid_argument for an entry that could
-    /// not be read back, since a value holds "#" or a line end.
+    /// not be read back, since a value holds "#" or a line end or is not UTF-8, or its line begins with "//".
     void write(const std::string& filename) const;
 
 private:

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
 #include <random>
 #include <sstream>
@@ -93,6 +94,7 @@ TEST(Lexicon, FailuresAreToldAndLeaveEverythingAsItWas) {
     Lexicon lexicon;
     EXPECT_THROW(lexicon.read(folder.path("missing")), std::system_error);
     EXPECT_THROW(lexicon.read(folder.path()), std::system_error);
+    EXPECT_THROW(lexicon.read(folder.write("packed", "\x1F\x8B\x08\n"), [](auto...) {}), std::invalid_argument);
     EXPECT_THROW(lexicon.merge(bad, "a#b"), std::invalid_argument);
     try {
         lexicon.read(bad);
@@ -107,12 +109,21 @@ TEST(Lexicon, FailuresAreToldAndLeaveEverythingAsItWas) {
     EXPECT_EQ(lexicon.size(), 1U);
 
     folder.write("kept", "kept");
-    for (const char* value : {"a\nb", "a#b", "#b"}) {
-        auto entry = std::make_unique<LexicalEntry>("am", "amat", "V");
-        entry->set_voice(value);
+    using Row = std::array<const char*, 3>; // the first field, one that is set, and why the entry is refused
+    for (const auto& [first, voice, reason] :
+         {Row{"1", "a\nb", "\"#\" or a line end"}, Row{"1", "a#b", "\"#\" or a line end"},
+          Row{"1", "#b", "\"#\" or a line end"}, Row{"//1", "b", "\"//\" would be a comment"},
+          Row{"1", "b\xE9", "not UTF-8"}}) {
+        auto entry = entry_of(line_of({{0, first}}));
+        entry->set_voice(voice);
         Lexicon hostile;
         hostile.add(std::move(entry), false);
-        EXPECT_THROW(hostile.write(folder.path("kept")), std::invalid_argument);
+        try {
+            hostile.write(folder.path("kept"));
+            ADD_FAILURE() << reason;
+        } catch (const std::invalid_argument& error) {
+            EXPECT_NE(std::string_view(error.what()).find(reason), std::string_view::npos) << error.what();
+        }
         EXPECT_EQ(folder.read("kept"), "kept");
     }
 }

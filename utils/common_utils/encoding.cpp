@@ -53,4 +53,12 @@ std::string convert_encoding(const std::string& s, const std::string& encoding1,
     return output;
 }
 
+const char* why_not_utf8_text(std::string_view begin) {
+    if (begin.starts_with("\x1F\x8B"))
+        return "is compressed; unpack it, as gunzip does";
+    if (begin.starts_with("\xFF\xFE") || begin.starts_with("\xFE\xFF") || begin.substr(0, 2).find('\0') < 2)
+        return "is UTF-16; make it UTF-8, as iconv -f UTF-16 -t UTF-8 does";
+    return nullptr;
+}
+
 } // namespace zelvor

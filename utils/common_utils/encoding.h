@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Conversion between text encodings. Bad input is never reported: the result ends where the conversion stopped.
 namespace zelvor {
@@ -19,5 +20,9 @@ std::string convert_latin1_to_utf8(const std::string& s);
 /// Converts `s` INTO `encoding1` FROM `encoding2` (names that iconv knows). Empty for an unknown encoding. The result
 /// ends at its first zero byte, so UTF-16 and UTF-32 are of no use as a target.
 std::string convert_encoding(const std::string& s, const std::string& encoding1, const std::string& encoding2);
+
+/// Why a file of lines that begins like this is not UTF-8 text, with the remedy, as the end of a sentence: "is UTF-16;
+/// ...", "is compressed; ..." (gzip); null where the first bytes show nothing of the kind.
+const char* why_not_utf8_text(std::string_view begin);
 
 } // namespace zelvor
