@@ -1,6 +1,5 @@
 #include "utils/ArpaReader.h"
 
-#include "utils/ArpaLM.h"
 #include "utils/common_utils/text.h"
 
 #include <algorithm>
@@ -26,7 +25,7 @@ bool read_number(std::string_view text, float& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size())
         return false;
-    number = value == -std::numeric_limits<double>::infinity() ? -99.0F : static_cast<float>(value);
+    number = value == -std::numeric_limits<double>::infinity() ? LOG10_ZERO : static_cast<float>(value);
     return std::isfinite(number);
 }
 
@@ -39,7 +38,7 @@ bool read_count(std::string_view text, std::size_t& count) {
 } // namespace
 
 bool ArpaReader::fail(const std::string& expected) {
-    m_error = "line " + std::to_string(m_line_number) + ": expected " + expected;
+    m_error = (m_line_number > 0 ? "line " + std::to_string(m_line_number) + ": " : "") + "expected " + expected;
     return false;
 }
 
@@ -120,7 +119,7 @@ bool ArpaReader::end_file() {
 void ArpaReader::place_capital_unknown() {
     if (m_order != 1 || !m_capital_unknown)
         return;
-    const unsigned int word = m_has_unknown ? m_vocab.add(CAPITAL_UNKNOWN) : ArpaVocab::UNKNOWN;
+    const unsigned int word = m_has_unknown ? m_vocab.add(CAPITAL_UNKNOWN) : NgramTable::UNKNOWN;
     m_ngrams.set(m_ngrams.add(NgramTable::ROOT, word), m_capital_unknown->first, m_capital_unknown->second);
 }
 
@@ -157,7 +156,7 @@ bool ArpaReader::read_ngram() {
 
 unsigned int ArpaReader::find_word(std::string_view text) const {
     const bool is_unknown = text == CAPITAL_UNKNOWN && m_capital_unknown && !m_has_unknown;
-    return is_unknown ? ArpaVocab::UNKNOWN : m_vocab.find(text);
+    return is_unknown ? NgramTable::UNKNOWN : m_vocab.find(text);
 }
 
 // A context that has no line of its own is entered without a probability.

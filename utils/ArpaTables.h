@@ -10,6 +10,8 @@
 
 namespace zelvor {
 
+constexpr float LOG10_ZERO = -99; ///< what stands for the logarithm of 0
+
 /// Words in one piece of text, numbered as they come.
 class WordTable {
 public:
@@ -29,9 +31,10 @@ private:
 class NgramTable {
 public:
     static constexpr std::uint32_t NONE = HashIndex::NONE;
-    static constexpr std::uint32_t ROOT = 0; ///< the n-gram of no words
+    static constexpr std::uint32_t ROOT = 0;   ///< the n-gram of no words
+    static constexpr unsigned int UNKNOWN = 0; ///< the word "<unk>"
 
-    NgramTable(); ///< holds "<unk>" with log10 probability -99
+    NgramTable(); ///< holds "<unk>" with log10 probability LOG10_ZERO
 
     std::uint32_t find(std::uint32_t context, unsigned int word) const; ///< NONE when it is not there
     /// The node of context and word; a new one has no probability, and back-off weight 0 (log10).

@@ -109,6 +109,7 @@ TEST_F(Arpa, AFailedLoadChangesNothingAndSaysWhere) {
         EXPECT_TRUE(log.has(message)) << log.records.str();
     }
     EXPECT_FALSE(model.load(directory.path("missing %n")));
+    EXPECT_EQ(model.get_error(), directory.path("missing %n") + ": expected a file that can be read");
     for (std::size_t length = 0; length <= MODEL.find("\\end\\") + 4; ++length)
         EXPECT_FALSE(load(MODEL.substr(0, length))) << length;
     EXPECT_EQ(vocab.size(), 4u);
