@@ -3,8 +3,7 @@
 #include "training/CostlyErrors.h"
 #include "training/analysis.h"
 #include "training/tags.h"
-
-#include <log4cpp/Category.hh>
+#include "utils/logging_utils.h"
 
 #include <iostream>
 #include <new>
@@ -104,21 +103,17 @@ void CrfTrainingTeiSaxParser::add_entry(const std::string& lemma, const std::str
 
 void CrfTrainingTeiSaxParser::on_error(const Glib::ustring& text) {
     m_pcostly_errors->add(context_);
-    if (!m_pmain_cat)
-        return;
     try {
-        m_pmain_cat->error(std::string("Error occurred during parsing! "));
-        m_pmain_cat->error(text.raw());
+        log_message(m_pmain_cat, {"Error occurred during parsing! "}, log4cpp::Priority::ERROR);
+        log_message(m_pmain_cat, {text.raw()}, log4cpp::Priority::ERROR);
     } catch (const std::bad_alloc&) { // would stop the parser, see CostlyErrors
     }
 }
 
 void CrfTrainingTeiSaxParser::on_fatal_error(const Glib::ustring& text) {
     m_fatal_error_occurred = true;
-    if (!m_pmain_cat)
-        return;
-    m_pmain_cat->fatal(std::string("Fatal error occurred during parsing! "));
-    m_pmain_cat->fatal(text.raw());
+    log_message(m_pmain_cat, {"Fatal error occurred during parsing! "}, log4cpp::Priority::FATAL);
+    log_message(m_pmain_cat, {text.raw()}, log4cpp::Priority::FATAL);
 }
 
 void CrfTrainingTeiSaxParser::on_entity_declaration(const Glib::ustring&, xmlpp::XmlEntityType, const Glib::ustring&,

@@ -31,7 +31,7 @@ log4cpp::Category* setup_logger(const std::string& log_filename, const std::stri
 
 void log_message(log4cpp::Category* cat, std::initializer_list<std::string_view> parts,
                  log4cpp::Priority::Value priority, pthread_mutex_t* mutex) {
-    if (!cat)
+    if (!cat || !cat->isPriorityEnabled(priority))
         return;
     std::string message;
     for (const std::string_view part : parts)

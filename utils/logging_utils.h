@@ -19,8 +19,8 @@ namespace zelvor {
 /// ends. Safe to call before main().
 log4cpp::Category* setup_logger(const std::string& log_filename, const std::string& category_name);
 
-/// Logs the parts as one message; with a null category nothing is even joined. The mutex, if there is one, is held
-/// while the message is written.
+/// Logs the parts as one message; where the category is null or drops the priority, nothing is even joined. The mutex,
+/// if there is one, is held while the message is written.
 void log_message(log4cpp::Category* cat, std::initializer_list<std::string_view> parts,
                  log4cpp::Priority::Value priority = log4cpp::Priority::INFO, pthread_mutex_t* mutex = nullptr);
 
