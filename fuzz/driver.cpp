@@ -1,5 +1,6 @@
-// Runs a target once for every file named on the command line, or in a folder named there, and for "-random=COUNT,SEED"
-// on so many inputs of random bytes: for compilers without a fuzzer.
+// Runs a target on every file named on the command line, or in a folder named there, and on each beginning of it, and
+// for
+// "-random=COUNT,SEED" on so many inputs of random bytes: for compilers without a fuzzer.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -25,7 +26,10 @@ int run_files(const std::filesystem::path& path) {
     }
     std::fprintf(stderr, "%s\n", path.c_str()); // tells which one was last
     std::ifstream file(path, std::ios::binary);
-    return 1 + run({std::istreambuf_iterator<char>(file), {}});
+    const std::string input{std::istreambuf_iterator<char>(file), {}};
+    for (std::size_t length = 0; length <= input.size(); ++length)
+        run(input.substr(0, length));
+    return 1;
 }
 
 } // namespace
