@@ -9,10 +9,6 @@
 
 namespace zelvor {
 
-/// In bytes, without the line feed. Some trainers read into 8192 bytes and stop, without a word, where a line fills
-/// them.
-constexpr std::size_t MAX_TOKEN_LINE = 8190;
-
 /// Bytes that the character at `position` has when it is white space in a trainer's eyes, a control character, a line
 /// separator or a lone surrogate; 0 for any other.
 std::size_t breaking_character(std::string_view text, std::size_t position);

@@ -1,6 +1,5 @@
 #include "training/ConlluLines.h"
 
-#include "training/ColumnLines.h"
 #include "training/conllu_values.h"
 #include "training/universal_features.h"
 #include "utils/common_utils/text.h"

@@ -4,6 +4,7 @@
 #include "training/ConversionReport.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <stdexcept>

@@ -11,6 +11,10 @@
 
 namespace zelvor {
 
+/// In bytes, without the line feed. Some trainers read into 8192 bytes and stop, without a word, where a line fills
+/// them.
+constexpr std::size_t MAX_TOKEN_LINE = 8190;
+
 /// A value that the format has no place for.
 struct Unfit {
     ConversionReport::Count kind;

@@ -16,8 +16,8 @@ constexpr TokenSource OTHER_POS[] = {C5, XPOS, CTAG, TAG, MSD_PLAIN, UPOS};
 constexpr std::string_view DEFAULT_WORD[] = {"w"};
 constexpr std::string_view DEFAULT_PUNCTUATION[] = {"pc", "c"};
 constexpr std::string_view LEXICON_PUNCTUATION[] = {"c"};
-constexpr double ANY_END_MARKS = 1e18;
 constexpr std::string_view SENTENCE_NAMES[] = {"s", "sent", "sentence"};
+constexpr double ANY_END_MARKS = 1e18;
 
 bool has(const TokenSources& sources, TokenSource source) { return sources.test(static_cast<std::size_t>(source)); }
 

@@ -60,10 +60,10 @@ public:
     /// Folds this entry into the first one of the lexicon (keyed by lemma) that describes the same word form: same
     /// lemma, spelled-out word form and part of speech, with extended_comparison also the same tense, number, mood,
     /// case, person and part of speech of the lemma, and semtypes that do not contradict. That entry then takes all six
-    /// provenance sets and the combined values of case, comparison degree, number, mood, part of speech of the lemma
-    /// and semtype; returns false, and the caller keeps this entry. Otherwise both containers take this one and their
-    /// owner owns it; returns true. Map values that are no English entries are passed over. An entry that they hold
-    /// already is folded into itself: false. Not virtual: called through an EnglishLexicalEntry*, it merges a
+    /// provenance sets and the combined values of case, comparison degree, number, lemma, mood, part of speech of
+    /// the lemma and semtype; returns false, and the caller keeps this entry. Otherwise both containers take this one
+    /// and their owner owns it; returns true. Map values that are no English entries are passed over. An entry that
+    /// they hold already is folded into itself: false. Not virtual: called through an EnglishLexicalEntry*, it merges a
     /// LexicalEntry as an English one.
     bool merge(std::vector<BaseLexicalEntry*>& vec_lexical_entry_representations,
                std::multimap<std::string, BaseLexicalEntry*>& map_lexical_entries, bool extended_comparison);
