@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """The yardstick: training data from the attributes of a TEI document, as a short script over lxml makes them.
 
-usage: tei_columns.py FILE
+usage: tei_columns.py FILE [SENTENCE]
 
 Writes form, lemma, tag and features of each token and an empty line after each sentence to standard output. A sentence
-is an s, a token a w, pc or c; a w in a w is a token instead of it. The script keeps one sentence in memory.
+is an s, or an element of the given name, a token a w, pc or c; a w in a w is a token instead of it. The script keeps
+one sentence in memory.
 """
 import re
 import sys
@@ -18,6 +19,7 @@ BREAKING = re.compile("[\x00-\x20\x7f-\x9f\u2028\u2029]")
 WHITE = " \t\r\n"
 RUN = re.compile(f"[{WHITE}]+")
 MAX_LINE = 8190
+SENTENCE = (sys.argv[2:] or ["s"])[0]
 
 
 def local(element, names={}):
@@ -104,7 +106,7 @@ def runs(element, lines):
                     outer = clean(text(child, with_words=False)) or tokens[0][1]
                     tokens = [(child, outer)]
             lines += filter(None, (columns(token, name, its_form) for token, its_form in tokens))
-        elif name == "s":
+        elif name == SENTENCE:
             lines.append("")
             runs(child, lines)
             lines.append("")
@@ -118,7 +120,7 @@ def counts(sentence):
     inside = local(sentence)
     for element in sentence.iterancestors():
         name = local(element)
-        if name == "s" or name in SKIP or name in TOKENS or name == "choice" and inside in REJECTED:
+        if name == SENTENCE or name in SKIP or name in TOKENS or name == "choice" and inside in REJECTED:
             return False
         inside = name
     return inside not in SKIP
@@ -135,8 +137,8 @@ def free(element):
 
 
 def main():
-    for _, sentence in etree.iterparse(sys.argv[1], tag="{*}s", resolve_entities=True, huge_tree=True):
-        if sentence.getparent() is not None and next(sentence.iterancestors("{*}s"), None) is not None:
+    for _, sentence in etree.iterparse(sys.argv[1], tag="{*}" + SENTENCE, resolve_entities=True, huge_tree=True):
+        if sentence.getparent() is not None and next(sentence.iterancestors("{*}" + SENTENCE), None) is not None:
             continue
         if counts(sentence):
             lines = runs(sentence, [])
