@@ -55,6 +55,7 @@ TEST_F(TeiReader, ReadsTokens) {
               ", , $,;. . $.;( ( $(;) ) $(;[ [ $(;] ] $(;\" \" $(;' ' $(;"),
           Row("<c>;</c><c>, </c><c/><C>,</C><tei:c>,</tei:c><c><![CDATA[,]]></c><pc>,</pc>", ""),
           Row("<c>,<c>.</c></c><c>(</c>", ". . $.;( ( $(;"),
+          Row("<c lemma=\"({'ls':[{'wfs':[{'id':17}]}]})\">;</c><w>a</w>", ""),
           Row(word("-que", "x{'ls':[{'name':'que','wfs':[{'id':17}]}]}x"), "queque que Verb;"),
           Row("between " + word("a<!-- b --><hi>&#x61;</hi>\r\n"), "aa\n amo Verb;")})
         EXPECT_EQ(parse("<t xmlns:tei='t'><s>" + tokens + "</s></t>"), expected + "|") << tokens;
@@ -77,6 +78,14 @@ TEST_F(TeiReader, ParseFailuresAreReportedAndLeaveTheTokenOpen) {
     }
 }
 
+TEST_F(TeiReader, EveryTruncationKeepsTheSentencesBeforeIt) {
+    const std::string first = "<t><s>" + word("a") + "</s>", both = first + "<s>" + word("b") + "</s>";
+    for (std::size_t length = 0; length <= both.size() + 4; ++length) {
+        const std::size_t known = length < first.size() ? 0 : length < both.size() ? 12 : 24;
+        EXPECT_EQ(parse((both + "</t>").substr(0, length)), std::string("a amo Verb;|b amo Verb;|", known));
+    }
+}
+
 TEST_F(TeiReader, SentencesOfWholeAndFaultyDocuments) {
     // The inner one of nested sentences ends twice; one that never ends is no sentence.
     using Row = std::pair<std::string, std::string>;
@@ -96,6 +105,13 @@ TEST_F(TeiReader, SentencesOfWholeAndFaultyDocuments) {
     const std::unique_ptr<std::vector<LexicalEntry*>> dropped(parser.get_entry_representations()->front());
     parser.parse_memory("<s/>"); // the document before is dropped, not freed
     EXPECT_EQ(parser.get_entry_representations()->size(), 1U);
+    EXPECT_EQ(parse("<t><c>"), ""); // cut inside a token, which the next document does not go on with
+    parser.on_start_document();
+    parser.on_start_element("s", {});
+    parser.on_characters(",");
+    parser.on_end_element("c");
+    parser.on_end_element("s");
+    EXPECT_TRUE(parser.get_entry_representations()->at(0)->empty());
     parser.clear_lexical_entries();
 }
 
@@ -103,6 +119,7 @@ TEST_F(TeiReader, FatalErrorsAreTwoRecordsAndTheLexiconMayBeMissing) {
     CapturedLog log;
     CrfTrainingTeiSaxParser bare(&log.category, nullptr);
     bare.on_fatal_error("%n deep");
+    CrfTrainingTeiSaxParser(nullptr, nullptr).on_fatal_error("nobody is told");
     bare.parse_memory("<s>" + word("a") + "</s>");
     EXPECT_TRUE(bare.get_entry_representations()->at(0)->empty());
     bare.clear_lexical_entries();
