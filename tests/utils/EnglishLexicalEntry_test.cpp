@@ -66,8 +66,9 @@ TEST(EnglishLexicalEntry, MergeComparesMoreWhenExtended) {
                 std::vector<BaseLexicalEntry*> entries;
                 std::multimap<std::string, BaseLexicalEntry*> by_lemma{{"walk", nullptr}};
                 stored.merge(entries, by_lemma, extended);
-                EXPECT_EQ(incoming.merge(entries, by_lemma, extended), plain || (extended && !ignored && !unknown))
-                    << column << other << extended;
+                const bool added = incoming.merge(entries, by_lemma, extended);
+                EXPECT_EQ(added, plain || (extended && !ignored && !unknown)) << column << other << extended;
+                EXPECT_EQ(entries.size(), added ? 2U : 1U);
             }
 }
 

@@ -132,13 +132,17 @@ TEST(LetterTrie, HoldsAndSearchesVeryLongStrings) {
     EXPECT_TRUE(os.str().ends_with("\n" + std::string(200, ' ') + "+99901 \u00e4 1 *\n"));
 }
 
-TEST(LetterTrie, WeighsByATableOfTheCall) {
+TEST(LetterTrie, WeighsByATableOfTheCallAndToleratesAnything) {
+    constexpr double INF = std::numeric_limits<double>::infinity();
     const LetterTrieNode::WeightTable own{{"ay", 0.5}};
-    for (const auto& [str, table, left] : {std::tuple("ayc", &own, 0.5), {"axc", nullptr, 0.0}}) {
+    using Row = std::tuple<Strings, const char*, double, const LetterTrieNode::WeightTable*, int, double>;
+    for (const auto& [stored, str, tolerance, table, edits, left] :
+         {Row({"abc"}, "ayc", 1, &own, 1, 0.5), Row({"abc"}, "axc", 1, nullptr, 1, 0),
+          Row({"abc", "x"}, "", INF, nullptr, 1, INF), Row({"ab"}, "zzz", 1e12, nullptr, 3, 999999999997)}) {
         LetterTrieNode::FuzzyMatches matches;
-        Trie({"abc"}).root.lookup_string_fuzzy_weighted(str, 0, 1, matches, 0, 1, table);
-        ASSERT_EQ(matches.size(), 1U);
-        EXPECT_EQ((*matches.begin())->first, left);
+        EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy_weighted(str, 0, tolerance, matches, 0, 1, table), edits);
+        EXPECT_EQ(matches.size(), stored.size());
+        EXPECT_TRUE(std::ranges::all_of(matches, [&](const auto* match) { return match->first == left; })) << str;
         LetterTrieNode::delete_mem(&matches);
     }
 }

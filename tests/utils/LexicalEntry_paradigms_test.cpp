@@ -25,6 +25,8 @@ TEST(Paradigms, ConjugationRows) {
     for (auto [row, expected] :
          {Row({3, true, present, indicative, true, s, 1, "VI", gnone, none},
               "SINGULAR|INDICATIVE|THIRD_PERSON|PRESENT|ACTIVE||"),
+          Row({1, true, present, subjunctive, true, s, 1, "VI", gnone, none},
+              "SINGULAR|SUBJUNCTIVE|FIRST_PERSON|PRESENT|ACTIVE||"),
           Row({0, true, perfect, infinitive, false, s, 1, "VI", gnone, none}, "|INFINITIVE||PERFECT|PASSIVE||"),
           Row({4, false, plusquam, participle, true, s, 1, "VI", neuter, locative},
               "|PARTICIPLE||PLUPERFECT|ACTIVE|LOCATIVE|NEUTER"),

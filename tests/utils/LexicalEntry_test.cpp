@@ -150,8 +150,12 @@ TEST(XmlWords, MissingAttributesEmptyAWord) {
         parser.parse_memory(xml);
         entry.parse_tei(parser.get_document()->get_root_node());
         entry.parse_tei(nullptr);
+        entry.parse_ldt(nullptr, false);
         EXPECT_EQ(entry.get_word_form() + entry.get_pos() + entry.get_lemma() + entry.get_function(), expected);
     }
+    testing::internal::CaptureStderr();
+    entry.parse_german("Haus#Haus");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "not implemented yet\n");
 }
 
 } // namespace zelvor

@@ -26,6 +26,7 @@ TEST(Process, EquivalentIgnoresAmountsOfWhiteSpace) {
     EXPECT_EQ(directory.read("file1.txt") + directory.read("file2.txt"), "a  b\n\nc\na b\nc \n");
     const std::string output = output_of([&] { EXPECT_FALSE(equivalent("a b", "ab", directory.path())); });
     EXPECT_THAT(output, testing::HasSubstr("file2.txt differ\n\n"));
+    output_of([&] { EXPECT_FALSE(equivalent("a", "a", directory.path("missing"))); });
 }
 
 TEST(Process, StopwatchCountsMicroseconds) {

@@ -39,10 +39,11 @@ struct CandidateChoice : testing::Test {
 };
 
 TEST(LMScoreFunctor, RanksByPowersOfE) {
-    std::map<std::string, double> external{{"a", 0.8}};
+    std::map<std::string, double> external{{"a", 0.8}, {"nan", std::nan("")}};
     const LMScoreFunctor ranked(&external, nullptr, 1, 2, 0.5, true, true, false, nullptr);
     EXPECT_NEAR(ranked.get_score("a"), 0.556385232, 1e-9); // e^0.8 / 4
     EXPECT_EQ(ranked.get_score("none"), 0.0);              // not e^0 / 4
+    EXPECT_FALSE(ranked("a", "nan") || ranked("nan", "a"));
 }
 
 TEST(CombineCandidates, KeepsWhatTheLexiconConfirms) {

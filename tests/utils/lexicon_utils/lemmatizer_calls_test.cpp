@@ -82,8 +82,8 @@ TEST_F(ExternalPrograms, AllTagsKeepTheBestScore) {
     for (const std::string asked : {"amat\n", ""}) { // the second time, the caches answer
         modified = false;
         EXPECT_EQ(output_of([&] {
-                      call_lemmatizer_all_pos(t, nullptr, {"AMAT"}, program, "models/lat", "seg", containers, &caches,
-                                              {"v", "n"}, modified);
+                      call_lemmatizer_all_pos(t, &log.category, {"AMAT"}, program, "models/lat", "seg", containers,
+                                              &caches, {"v", "n"}, modified);
                   }),
                   "lemmatizer model: models/n.lat\nlemmatizer seg model: n.seg\n"
                   "lemmatizer model: models/v.lat\nlemmatizer seg model: v.seg\n");
@@ -93,6 +93,7 @@ TEST_F(ExternalPrograms, AllTagsKeepTheBestScore) {
                                "T/lemmas.txt models/v.lat v.seg 2 5 T/Lemmatizer\n" + asked);
     }
     EXPECT_EQ(caches.at("v")->at("amat"), "amat amo||0.9 amans||0.1");
+    log.expect({"lemmaizer_command: " + program + " " + t + "/lemmas.txt models/n.lat n.seg 2 5 " + t + "/Lemmatizer"});
 }
 
 TEST_F(ExternalPrograms, TagsWithTheirOwnWordFormsAppend) {

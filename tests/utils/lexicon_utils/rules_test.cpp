@@ -96,6 +96,7 @@ TEST(RulesWithFeatures, UnreadableFilesAreEmptyAndBadXmlThrows) {
     const TemporaryDirectory directory;
     RuleMap map;
     parse_rules_features(directory.path("missing"), map);
+    parse_rules_features(directory.path(), map);
     for (const char* const text : {"<r><part_of_speech name='x'>", "", "<r xmlns='relative'/>"})
         EXPECT_THROW(parse_rules_features(directory.write("bad", text), map), xmlpp::exception) << text;
     EXPECT_TRUE(map.empty());
