@@ -13,5 +13,5 @@ commands=$(grep -Hn "^    \$ $name\b" "$source"/docs/*.md)
 while IFS=: read -r document number command; do
     awk -v first="$number" 'NR > first { if ((/./ && !/^    ./) || /^    \$ /) exit; print substr($0, 5) }' "$document" >expected
     bash -c "${command#*$ }" >output 2>&1
-    diff -u --ignore-blank-lines expected output
+    diff -u <(echo "$(<expected)") <(echo "$(<output)") # but for empty lines at the end
 done <<<"$commands"

@@ -14,6 +14,7 @@ for asked in "duci marcus paret duci marcus paret" "paret marcus"; do
     "$program" "$data/lemmatizer.sh" "$data/lemmas" "$data/lemmas.arpa" "$folder" Marcus duci paret >"$folder/output"
     [ "$(grep '^lemma of' "$folder/output" | cut -d' ' -f 3-4 | xargs)" = "Marcus: marcus duci: dux paret: pareo" ]
     [ "$(grep '^read back' "$folder/output" | grep -c :)" = 4 ]
+    [ "$(grep -c 'duci:duci' "$folder/output")" = 2 ]
     [ "$(xargs <"$folder/Lemmatizer")" = "$asked" ]
     rm "$folder/Lemmatizer"
 done
