@@ -20,10 +20,10 @@ done
 ln -s nowhere corpus/150.tei
 echo '0#s#sp#3#l#src#V#1#w#9#10#11#12#13#14#15#16#Verb#18#19#20#21' >lexicon
 compared=0
-while read -r format options; do
+while read -r limit format options; do
     for jobs in 1 2 3 16; do
         # shellcheck disable=SC2086 # a list of words is meant
-        "$program" $options -j $jobs --report=$jobs.$format corpus >out.$jobs 2>err.$jobs || echo $? >>out.$jobs
+        (ulimit -f "$limit" && "$program" $options -j $jobs --report=$jobs.$format corpus) >out.$jobs 2>err.$jobs || echo $? >>out.$jobs
         cp $jobs.$format report.$jobs
         for stream in out err report; do
             cmp $stream.1 $stream.$jobs || { echo "by: $options -j $jobs"; exit 1; }
@@ -31,11 +31,13 @@ while read -r format options; do
     done
     [ -s out.1 ] && compared=$((compared + 1))
 done <<'EOF'
-json -q
-html -v --columns=form,lemma,pos
-html -l lexicon -v
-json --strict
-json --on-bad-token=fail --header
-json --whole-sentences -v
+unlimited json -q
+unlimited html -v --columns=form,lemma,pos
+unlimited html -l lexicon -v
+unlimited json --format=conllu -l lexicon -v
+unlimited json --strict
+unlimited json --on-bad-token=fail --header
+unlimited json --whole-sentences -v
+100 json -q
 EOF
-[ "$compared" -eq 6 ]
+[ "$compared" -eq 8 ]
