@@ -1,12 +1,12 @@
 # The short commands; CMake, CTest and scripts/ do the work.
-#   make run [INPUT=path OUTPUT=file [LEXICON=file]]
+#   make run [INPUT=path [OUTPUT=file] [LEXICON=file]]
 #   make fuzz [FUZZ_SECONDS=60]
 #   make install [PREFIX=/usr/local] [DESTDIR=]
 .PHONY: help setup build run check clang lint bench fuzz coverage install package docs clean
 export INPUT OUTPUT LEXICON FUZZ_SECONDS
 
 help:
-	@echo "make run      install what is missing, build, convert examples/corpus (or INPUT=path OUTPUT=file)"
+	@echo "make run      install and build what the programs need, convert the examples (or INPUT=path LEXICON=file)"
 	@echo "make check    install what is missing, build, run every test, then again under the sanitizers"
 	@echo "make clang    build all of it with clang as well, and run every test"
 	@echo "make lint     clang-format and clang-tidy over all sources"
@@ -25,7 +25,10 @@ build: setup
 	@cmake --preset release
 	@cmake --build --preset release
 
-run: build
+run:
+	@scripts/setup.sh packages-run.txt
+	@[ -f build/release/build.ninja ] || cmake --preset programs
+	@cmake --build --preset programs
 	@scripts/run.sh
 
 check:

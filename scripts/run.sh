@@ -1,42 +1,81 @@
 #!/usr/bin/env bash
-# Converts a corpus with the release build and shows what came out.
-# Environment: INPUT (default examples/corpus), OUTPUT (default build/run/separators.txt) and LEXICON (default for our
-# own corpus: examples/lexicon.txt), with which the example program tags the words as well.
+# Converts a corpus with both programs of the release build and shows what came out.
+# Environment: INPUT (default: the examples), OUTPUT (default build/run/separators.txt) for the separators of
+# TaggerFormatConverter, and LEXICON for a corpus whose analyses hold the ids of one. All else is written to build/run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+PATH=$PWD/build/release/tools:$PWD/build/release/examples:$PATH
+
+input=${INPUT:-examples/corpus}
+output=${OUTPUT:-build/run/separators.txt}
+training_data=build/run/training_data.txt
+progress='^(log path: |input filename( 2 | 3 )?: |Error\()'
+
+stop() {
+    echo "run: $*" >&2
+    exit 1
+}
+
+step() { printf '\n%s\n' "$*"; }
+
+begin_of() { # TITLE FILE LINES
+    printf '%s: %s token lines in %s, which begins\n' "$1" "$(grep -c . "$2")" "$2"
+    head -n "$3" "$2" | sed 's/^./    &/'
+}
+
+# tei2crf with an output; what it read is converted even where it complains.
+convert() { # COMMAND
+    rm -f "$training_data"
+    step "$ $1 -o $training_data"
+    bash -c "$1 -o $training_data" || [ -e "$training_data" ] || stop "nothing was converted"
+    begin_of "training data" "$training_data" 8
+}
+
+# Annotation in attributes is converted by the command that the survey ends with; for analyses by a lexicon's ids, that
+# command names a lexicon, which is not here.
+survey_and_convert() {
+    step "$ tei2crf --survey $1"
+    tei2crf --survey "$1" >build/run/survey.txt || true
+    local command
+    command=$(tail -n 1 build/run/survey.txt | sed -n 's/^  tei2crf /tei2crf /p')
+    case $command in
+    "") cat build/run/survey.txt && stop "$1 has nothing to convert" ;;
+    *" -l LEXICON "*) echo "The analyses hold the ids of a lexicon: LEXICON=file tags the words." ;;
+    *) cat build/run/survey.txt && convert "$command" ;;
+    esac
+}
+
+run_tagger_format_converter() {
+    step "$ TaggerFormatConverter -i $input -o $output"
+    TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt 2>build/run/complaints.txt
+    grep -aEv "$progress" build/run/output.txt >build/run/token_lines.txt || true
+    [[ $output == /dev/* ]] || echo "its file: $(wc -l <"$output") empty lines in $output, one a sentence"
+    begin_of "its standard output, without the lines that tell where it is" build/run/token_lines.txt 4
+    [ ! -s build/run/complaints.txt ] || echo "complaints: $(wc -l <build/run/complaints.txt) in build/run/complaints.txt"
+    echo "Only punctuation has a line here: a word has its tag from a lexicon, and no option of this program names one."
+}
+
+[ -e "$input" ] || stop "no such file or directory: $input"
+[ -z "${LEXICON:-}" ] || [ -f "$LEXICON" ] || stop "no such file: $LEXICON"
+mkdir -p build/run
+[ -d "$(dirname "$output")" ] || stop "no such folder: $(dirname "$output")"
+[ ! -d "$output" ] || stop "$output is a folder"
 
 if [ -z "${INPUT:-}" ]; then
     LEXICON=${LEXICON:-examples/lexicon.txt}
+    echo "tei2crf reads annotation from the attributes of tokens ..."
+    convert "tei2crf --sentence=ab --columns=form,lemma,pos,feats examples/families/latin.xml"
+    step "... or takes the tags from a lexicon, by the ids in the analyses of tokens."
 fi
-input=${INPUT:-examples/corpus}
-output=${OUTPUT:-build/run/separators.txt}
-[ -e "$input" ] || { echo "run: no such file or directory: $input" >&2; exit 1; }
-mkdir -p build/run
-
-progress='^(log path: |input filename( 2 | 3 )?: |Error\()'
-
-tokens() { # its input without the progress lines
-    grep -Ev "$progress" || true
-}
-
-show() { # TITLE FILE LINES
-    printf '%s: %s token lines in %s, which begin\n' "$1" "$(tokens <"$2" | grep -c .)" "$2"
-    tokens <"$2" | awk -v last="$3" 'NR <= last { print "    " $0 }' # reads to the end: no broken pipe
-}
-
-printf '%s\n' "TaggerFormatConverter -i $input -o $output"
-build/release/tools/TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt
-[ ! -f "$output" ] || printf 'sentence separators: %s empty lines in %s, one a sentence\n' "$(wc -l <"$output")" "$output"
-show "standard output" build/run/output.txt 6
-
-if [ -z "${LEXICON:-}" ]; then
-    echo "Only punctuation is tagged, since no option names a lexicon; LEXICON=file tags the words as well."
-    exit
+if [ -n "${LEXICON:-}" ]; then
+    convert "tei2crf -l $(printf %q "$LEXICON") $(printf %q "$input")"
+else
+    survey_and_convert "$input"
 fi
-cat <<END
 
-That is punctuation only: no option names a lexicon, and a word takes its tag from there. A program that calls the
-library names one, see examples/convert_with_lexicon.cpp. The same corpus with $LEXICON, and both streams in one:
-END
-build/release/examples/convert_with_lexicon "$input" "$LEXICON" /dev/stdout | tokens >build/run/training_data.txt
-show "training data" build/run/training_data.txt 28
+run_tagger_format_converter
+if [ -n "${LEXICON:-}" ]; then
+    step "$ convert_with_lexicon $input $LEXICON /dev/stdout   # both streams, with a lexicon, in one pipe"
+    convert_with_lexicon "$input" "$LEXICON" /dev/stdout | grep -aEv "$progress" >build/run/both_streams.txt || true
+    begin_of "both streams" build/run/both_streams.txt 8
+fi
