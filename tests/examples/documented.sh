@@ -1,17 +1,30 @@
 #!/usr/bin/env bash
-# usage: documented.sh PROGRAM SOURCE_FOLDER
-# Runs the commands in docs/ that begin with the program's name; each must print the lines that stand below it.
+# usage: documented.sh SOURCE_FOLDER PROGRAM_FOLDER...
+# Runs the commands that the documents show, the indented lines that begin with "$ ", a document in a folder of its own;
+# each must print the lines below it. Any other indented block must have "<!-- not run: REASON -->" above it.
 set -euo pipefail
-program=$1 source=$2 name=${1##*/}
+source=$1
+shift
+PATH=$(printf '%s:' "$@")$source/examples/training:$PATH
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-cp -r "$source/examples" "$folder"
-cd "$folder"
-PATH=$(dirname "$program"):$PATH
+commands=0 failures=0
 
-commands=$(grep -Hn "^    \$ $name\b" "$source"/docs/*.md)
-while IFS=: read -r document number command; do
-    awk -v first="$number" 'NR > first { if ((/./ && !/^    ./) || /^    \$ /) exit; print substr($0, 5) }' "$document" >expected
-    bash -c "${command#*$ }" >output 2>&1
-    diff -u <(echo "$(<expected)") <(echo "$(<output)") # but for empty lines at the end
-done <<<"$commands"
+for document in "$source"/*.md "$source"/{docs,fuzz}/*.md; do
+    awk -v name="${document#"$source"/}" '
+        /^```/ { fence = !fence }
+        !fence && /^    / && !block && !/^    \$ / && !(last ~ /<!-- not run: ..* -->/) {
+            print name ":" FNR ": neither run nor marked as not run: " $0; status = 1
+        }
+        { block = !fence && (/^    / || (block && !/./)); if (/./) last = $0 }
+        END { exit status }' "$document" || failures=$((failures + 1))
+    rm -rf "$folder/work" && mkdir "$folder/work" && cd "$folder/work" && cp -r "$source/examples" .
+    while IFS=: read -r number command; do
+        awk -v first="$number" 'NR > first { if ((/./ && !/^    ./) || /^    \$ /) exit; print substr($0, 5) }' \
+            "$document" >../expected
+        bash -o pipefail -c "${command#*$ }" >../output 2>&1 </dev/null || [ $? -eq 141 ] || echo "status $?" >>../output
+        diff -u <(echo "$(<../expected)") <(echo "$(<../output)") || { echo "by $document:$number"; failures=$((failures + 1)); }
+        commands=$((commands + 1))
+    done < <(grep -n '^    \$ ' "$document")
+done
+[ "$commands" -ge 40 ] && [ "$failures" -eq 0 ]
