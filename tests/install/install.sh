@@ -46,7 +46,12 @@ expect 'tei2crf (zelvor)' sed 's/ [0-9.]*$//' <("$prefix/bin/tei2crf" --version)
 
 rm "$prefix/$libdir"/libzelvor.so*
 expect 10110 static/library_user
+read -ra flags < <(pkg-config --static --cflags --libs zelvor)
+"$CXX" -std=c++20 "${words[@]}" "$source/library_user.cpp" -o static_user "${flags[@]}"
+expect 10110 ./static_user
 ! ./pkg_user 2>/dev/null || fail "the program of pkg-config does not use the shared library"
+
+"$source/../examples/links.sh" "$prefix/share/doc/zelvor"
 
 # What the programs offer is in their manual pages and completions.
 for program in tei2crf TaggerFormatConverter; do
