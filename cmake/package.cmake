@@ -43,9 +43,10 @@ lemmas that an external program proposes.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzelvor-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+# liblzma-dev: pkg-config --static asks for it, by libxml2-dev, which does not bring it
 string(JOIN ", " CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${PROJECT_VERSION})"
-    libglibmm-2.4-dev libxml++2.6-dev liblog4cpp5-dev libjsoncpp-dev libboost-dev libboost-regex-dev wordnet-dev)
+    libglibmm-2.4-dev libxml++2.6-dev liblog4cpp5-dev libjsoncpp-dev libboost-dev libboost-regex-dev wordnet-dev liblzma-dev)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "lexical entries of Latin and English (development files)
 Headers, the static library, and what CMake and pkg-config need to build
