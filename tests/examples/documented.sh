@@ -27,4 +27,10 @@ for document in "$source"/*.md "$source"/{docs,fuzz}/*.md; do
         commands=$((commands + 1))
     done < <(grep -n '^    \$ ' "$document")
 done
+for file in examples/families/*.xml; do # as in docs/corpora.md: the command, and the result as a comment
+    command=$(sed -n 's/^<?command \(.*\)?>$/\1/p' "$file")
+    grep -qF "    \$ $command" "$source/docs/corpora.md" &&
+        diff -u --ignore-blank-lines <(sed '1,/^<!-- what it writes:$/d; /^-->$/,$d' "$file") <(bash -c "$command") ||
+        failures=$((failures + 1))
+done
 [ "$commands" -ge 40 ] && [ "$failures" -eq 0 ]
