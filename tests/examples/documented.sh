@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # usage: documented.sh SOURCE_FOLDER PROGRAM_FOLDER...
 # Runs the commands that the documents show, the indented lines that begin with "$ ", a document in a folder of its own;
-# each must print the lines below it. Any other indented block must have "<!-- not run: REASON -->" above it.
+# each must print the lines below it. Any other indented block, Python's excepted, must have "<!-- not run: REASON -->" above it.
 set -euo pipefail
 source=$1
 shift
@@ -13,7 +13,7 @@ commands=0 failures=0
 for document in "$source"/*.md "$source"/{docs,fuzz}/*.md; do
     awk -v name="${document#"$source"/}" '
         /^```/ { fence = !fence }
-        !fence && /^    / && !block && !/^    \$ / && !(last ~ /<!-- not run: ..* -->/) {
+        !fence && /^    / && !block && !/^    (\$|>>>) / && !(last ~ /<!-- not run: ..* -->/) {
             print name ":" FNR ": neither run nor marked as not run: " $0; status = 1
         }
         { block = !fence && (/^    / || (block && !/./)); if (/./) last = $0 }
