@@ -28,7 +28,7 @@ class Checker:
         with open(0 if self.name == "-" else self.name, "rb") as file:
             lines = file.read().split(b"\n")
         if lines[-1]:
-            self.fault(len(lines), "the last line has no line feed: crfsuite learn would never end")
+            self.fault(len(lines), "no line feed at the end: crfsuite learn would never stop")
         elif len(lines) > 1 and lines[-2]:
             self.fault(len(lines) - 1, "the last line is not an empty one")
         in_sentence = False
