@@ -49,6 +49,7 @@ run_tagger_format_converter() {
     step "$ TaggerFormatConverter -i $input -o $output"
     TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt 2>build/run/complaints.txt
     grep -aEv "$progress" build/run/output.txt >build/run/token_lines.txt || true
+    [ -e "$output" ] || stop "$output could not be written"
     [[ $output == /dev/* ]] || echo "its file: $(wc -l <"$output") empty lines in $output, one a sentence"
     begin_of "its standard output, without the lines that tell where it is" build/run/token_lines.txt 4
     [ ! -s build/run/complaints.txt ] || echo "complaints: $(wc -l <build/run/complaints.txt) in build/run/complaints.txt"
