@@ -124,7 +124,8 @@ TEST(LetterTrie, HoldsAndSearchesVeryLongStrings) {
     for (const auto& [str, threshold, weight_end] : {Row(word, 99998, 1), Row(word, 99998, 0.5), Row(half, 0, 1)}) {
         LetterTrieNode::FuzzyMatches matches;
         EXPECT_EQ(trie.root.lookup_string_fuzzy(str, 0, 3.0, matches, threshold, weight_end), 0);
-        EXPECT_TRUE(std::ranges::any_of(matches, [&](const auto* match) { return match->second.raw() == str; }));
+        EXPECT_TRUE(
+            std::ranges::any_of(matches, [&str = str](const auto* match) { return match->second.raw() == str; }));
         LetterTrieNode::delete_mem(&matches);
     }
     std::ostringstream os;
@@ -142,7 +143,8 @@ TEST(LetterTrie, WeighsByATableOfTheCallAndToleratesAnything) {
         LetterTrieNode::FuzzyMatches matches;
         EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy_weighted(str, 0, tolerance, matches, 0, 1, table), edits);
         EXPECT_EQ(matches.size(), stored.size());
-        EXPECT_TRUE(std::ranges::all_of(matches, [&](const auto* match) { return match->first == left; })) << str;
+        EXPECT_TRUE(std::ranges::all_of(matches, [&left = left](const auto* match) { return match->first == left; }))
+            << str;
         LetterTrieNode::delete_mem(&matches);
     }
 }

@@ -65,7 +65,7 @@ TEST(LemmatizerMaps, IndexesByTag) {
     for (const auto& [pos, steps] :
          {std::pair("V", "1\n2\n3\n5\n6\n7\n8\n"), {"V", "1\n2\n3\n4\n8\n"}, {"N", "1\n2\n3\n4\n8\n"}}) {
         add_pos_wf_to_hash(word_forms, pos, "amat");
-        EXPECT_EQ(output_of([&] { add_pos_wf_to_wfc(containers, pos, "amat", nullptr); }), steps);
+        EXPECT_EQ(output_of([&, &pos = pos] { add_pos_wf_to_wfc(containers, pos, "amat", nullptr); }), steps);
     }
     EXPECT_EQ(*word_forms.at("V"), (Words{"amat"}));
     EXPECT_EQ(containers.at("V")->count("amat"), 2u);
