@@ -25,7 +25,6 @@ begin_of() { # TITLE FILE LINES
 
 # tei2crf with an output; what it read is converted even where it complains.
 convert() { # COMMAND
-    rm -f "$training_data"
     step "$ $1 -o $training_data"
     bash -c "$1 -o $training_data" || [ -e "$training_data" ] || stop "nothing was converted"
     begin_of "training data" "$training_data" 8
@@ -40,14 +39,16 @@ survey_and_convert() {
     command=$(tail -n 1 build/run/survey.txt | sed -n 's/^  tei2crf /tei2crf /p')
     case $command in
     "") cat build/run/survey.txt && stop "$1 has nothing to convert" ;;
-    *" -l LEXICON "*) echo "The analyses hold the ids of a lexicon: LEXICON=file tags the words." ;;
+    *" -l LEXICON "*) cat build/run/survey.txt && echo "The analyses hold the ids of a lexicon: LEXICON=file tags the words." ;;
     *) cat build/run/survey.txt && convert "$command" ;;
     esac
 }
 
 run_tagger_format_converter() {
+    [[ $output == /dev/* ]] || rm -f "$output"
     step "$ TaggerFormatConverter -i $input -o $output"
-    TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt 2>build/run/complaints.txt
+    TaggerFormatConverter -i "$input" -o "$output" >build/run/output.txt 2>build/run/complaints.txt ||
+        stop "TaggerFormatConverter failed, see build/run/complaints.txt"
     grep -aEv "$progress" build/run/output.txt >build/run/token_lines.txt || true
     [ -e "$output" ] || stop "$output could not be written"
     [[ $output == /dev/* ]] || echo "its file: $(wc -l <"$output") empty lines in $output, one a sentence"
@@ -59,6 +60,9 @@ run_tagger_format_converter() {
 [ -e "$input" ] || stop "no such file or directory: $input"
 [ -z "${LEXICON:-}" ] || [ -f "$LEXICON" ] || stop "no such file: $LEXICON"
 mkdir -p build/run
+rm -f "$training_data"
+[ ! "$output" -ef "$input" ] || stop "$output is the input"
+case $input in -*) input=./$input ;; esac
 [ -d "$(dirname "$output")" ] || stop "no such folder: $(dirname "$output")"
 [ ! -d "$output" ] || stop "$output is a folder"
 

@@ -19,9 +19,13 @@ std::size_t class_of(std::uint64_t length) {
     return static_cast<std::size_t>(std::ranges::upper_bound(SENTENCE_LENGTHS, length) - SENTENCE_LENGTHS.begin()) - 1;
 }
 
-constexpr auto is_worse = [](const ConversionStatistics::Document& one, const ConversionStatistics::Document& other) {
-    return one.report.left_out() > other.report.left_out();
-};
+/// What failed is worse than whatever was left out.
+bool is_worse(const ConversionStatistics::Document& one, const ConversionStatistics::Document& other) {
+    const auto weight = [](const ConversionReport& report) {
+        return std::pair(report[ConversionReport::FILES_FAILED], report.left_out());
+    };
+    return weight(one.report) > weight(other.report);
+}
 
 } // namespace
 

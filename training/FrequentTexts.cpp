@@ -32,19 +32,19 @@ constexpr std::size_t MAX_WHOLE = 8; ///< bytes of a text that its hash, length 
 
 /// Most texts are short: these are mixed at once.
 std::uint64_t hash_of(std::uint8_t kind, std::string_view text) {
-    constexpr std::uint64_t ODD = 0x9E3779B97F4A7C15;
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
     const std::size_t size = text.size();
-    std::uint64_t hash = (size * 256 + kind) * ODD;
+    std::uint64_t hash = (size * 256 + kind) * odd;
     if (size > 16)
         hash ^= std::hash<std::string_view>()(text);
     else if (size > MAX_WHOLE)
-        hash = (hash ^ word_at(text.data(), 8)) * ODD ^ word_at(text.data() + size - 8, 8);
+        hash = (hash ^ word_at(text.data(), 8)) * odd ^ word_at(text.data() + size - 8, 8);
     else if (size >= 4)
         hash ^= word_at(text.data(), 4) << 32 | word_at(text.data() + size - 4, 4);
     else if (size > 0)
         hash ^= word_at(text.data(), 1) << 16 | word_at(text.data() + size / 2, 1) << 8 |
                 word_at(text.data() + size - 1, 1);
-    hash = (hash ^ hash >> 32) * ODD;
+    hash = (hash ^ hash >> 32) * odd;
     return hash ^ hash >> 29;
 }
 

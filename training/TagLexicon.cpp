@@ -53,9 +53,9 @@ struct Fields {
 
 /// Persons by one name each, as docs/formats.md has it.
 std::string person(std::string value) {
-    constexpr std::string_view NAMES[][2] = {
+    constexpr std::string_view names[][2] = {
         {"FIRST_PERSON", "PERSON_1"}, {"SECOND_PERSON", "PERSON_2"}, {"THIRD_PERSON", "PERSON_3"}};
-    for (const auto& [name, other] : NAMES)
+    for (const auto& [name, other] : names)
         if (value == name)
             return std::string(other);
     return value;

@@ -42,7 +42,9 @@ public:
           m_tokens(m_written + m_report.left_out()) {}
 
     ReportFindings run() {
-        if (m_tokens == 0)
+        if (m_report[ConversionReport::FILES_READ] + m_report[ConversionReport::FILES_FAILED] == 0)
+            mend("No file was read: below a folder, the names of files must end in .tei or .xml.");
+        else if (m_tokens == 0)
             mend("No token was found: --word, --punctuation and --sentence may name other elements; --survey tells "
                  "which there are.");
         find_failed_files();

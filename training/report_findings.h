@@ -13,7 +13,7 @@ struct ReportFindings {
 
     Verdict verdict = Verdict::GOOD;
     std::string summary;              ///< of the verdict, a sentence or two
-    std::vector<std::string> to_mend; ///< in the order of their weight
+    std::vector<std::string> to_mend; ///< files, reasons by their number of tokens, tags, sentences, lexicon
 };
 
 ReportFindings find_what_to_mend(const ReportContents& contents);

@@ -157,9 +157,9 @@ void Page::add_head() {
 }
 
 void Page::add_findings() {
-    constexpr std::string_view CLASSES[] = {"good", "mend", "nothing"}; // by verdict
+    constexpr std::string_view classes[] = {"good", "mend", "nothing"}; // by verdict
     const ReportFindings findings = find_what_to_mend(m_contents);
-    m_text += "<p class=\"verdict " + std::string(CLASSES[static_cast<std::size_t>(findings.verdict)]) + "\">" +
+    m_text += "<p class=\"verdict " + std::string(classes[static_cast<std::size_t>(findings.verdict)]) + "\">" +
               escaped(findings.summary) + "</p>\n<h2>What to mend first</h2>\n";
     if (findings.to_mend.empty()) {
         m_text += "<p>Nothing stands out.</p>\n";

@@ -134,12 +134,12 @@ TEST(LetterTrie, HoldsAndSearchesVeryLongStrings) {
 }
 
 TEST(LetterTrie, WeighsByATableOfTheCallAndToleratesAnything) {
-    constexpr double INF = std::numeric_limits<double>::infinity();
+    constexpr double infinite = std::numeric_limits<double>::infinity();
     const LetterTrieNode::WeightTable own{{"ay", 0.5}};
     using Row = std::tuple<Strings, const char*, double, const LetterTrieNode::WeightTable*, int, double>;
     for (const auto& [stored, str, tolerance, table, edits, left] :
          {Row({"abc"}, "ayc", 1, &own, 1, 0.5), Row({"abc"}, "axc", 1, nullptr, 1, 0),
-          Row({"abc", "x"}, "", INF, nullptr, 1, INF), Row({"ab"}, "zzz", 1e12, nullptr, 3, 999999999997)}) {
+          Row({"abc", "x"}, "", infinite, nullptr, 1, infinite), Row({"ab"}, "zzz", 1e12, nullptr, 3, 999999999997)}) {
         LetterTrieNode::FuzzyMatches matches;
         EXPECT_EQ(Trie(stored).root.lookup_string_fuzzy_weighted(str, 0, tolerance, matches, 0, 1, table), edits);
         EXPECT_EQ(matches.size(), stored.size());
