@@ -145,8 +145,11 @@ void ColumnLines::clear() {
 
 std::string header_line(const ConversionOptions& options) {
     std::string line;
-    for (const Column& column : options.columns)
-        (line.empty() ? line : line += options.separator) += column.name;
+    for (const Column& column : options.columns) {
+        const bool is_ambiguous =
+            column.kind == Column::Kind::OTHER && std::ranges::count(options.columns, column.name, &Column::name) > 1;
+        (line.empty() ? line : line += options.separator).append(is_ambiguous ? "@" : "").append(column.name);
+    }
     return line + '\n';
 }
 

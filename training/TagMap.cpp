@@ -1,5 +1,6 @@
 #include "training/TagMap.h"
 
+#include "training/ColumnLines.h"
 #include "training/normal_form.h"
 #include "utils/common_utils/utf8.h"
 
@@ -25,6 +26,9 @@ const char* add_line(std::map<std::string, std::string, std::less<>>& tags, std:
     if (tab == 0)
         return "no tag before the tab";
     std::string old_tag(line.substr(0, tab)), new_tag(line.substr(tab + 1));
+    for (std::size_t i = 0; i < new_tag.size(); ++i)
+        if (breaking_character(new_tag, i) != 0)
+            return "a blank or control character in the new tag, which would break the lines of its tokens";
     if (nfc) {
         to_normal_form(old_tag);
         to_normal_form(new_tag);

@@ -13,7 +13,7 @@ class TagMap {
 public:
     /// Replaces the content by that of a file; with `nfc`, in Unicode's normal form C. Throws std::system_error when it
     /// cannot be read, std::invalid_argument, which names file and line, for a line without a tab, a tag that is given
-    /// twice, and text that is no UTF-8; the content is then as it was.
+    /// twice, a new tag that would break its line, and text that is no UTF-8; the content is then as it was.
     void load(const std::string& filename, bool nfc);
 
     /// What becomes of a tag; empty where its tokens are to be left out. Valid as long as the content and the tag.
