@@ -31,16 +31,18 @@ convert() { # COMMAND
 }
 
 # Annotation in attributes is converted by the command that the survey ends with; for analyses by a lexicon's ids, that
-# command names a lexicon, which is not here.
+# command names a lexicon, which is not here. Of several commands, none reads all of the corpus.
 survey_and_convert() {
     step "$ tei2crf --survey $1"
     tei2crf --survey "$1" >build/run/survey.txt || true
+    cat build/run/survey.txt
     local command
-    command=$(tail -n 1 build/run/survey.txt | sed -n 's/^  tei2crf /tei2crf /p')
+    command=$(sed -n '/^Try,\|^The tokens are encoded/,$s/^  tei2crf /tei2crf /p' build/run/survey.txt)
     case $command in
-    "") cat build/run/survey.txt && stop "$1 has nothing to convert" ;;
-    *" -l LEXICON "*) cat build/run/survey.txt && echo "The analyses hold the ids of a lexicon: LEXICON=file tags the words." ;;
-    *) cat build/run/survey.txt && convert "$command" ;;
+    "") stop "$1 has nothing to convert" ;;
+    *$'\n'*) stop "$1 is mixed: convert its parts by these commands" ;;
+    *" -l LEXICON "*) echo "The analyses hold the ids of a lexicon: LEXICON=file tags the words." ;;
+    *) convert "$command" ;;
     esac
 }
 

@@ -91,11 +91,10 @@ int survey(const Tei2crfOptions& options) {
     console.clear();
     if (found.documents == 0 && found.result.tokens == 0)
         return 1; // told
-    const SurveyAdvice advice = advise(found.result);
     OutputFile out("");
-    out.write(survey_text(found.result, advice, task));
+    out.write(survey_text(found, task));
     out.commit();
-    return found.faults > 0 || !advice.obstacle.empty() ? 1 : 0;
+    return found.faults > 0 || !advise(found.result).obstacle.empty() ? 1 : 0;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 #include <span>
 
 namespace zelvor {
@@ -28,8 +29,10 @@ std::string name_of(TokenSource source) {
 /// How many tokens have which sources.
 class Tally {
 public:
-    void add(const std::vector<SurveyResult::Pattern>& patterns) {
-        m_patterns.insert(m_patterns.end(), patterns.begin(), patterns.end());
+    void add(const std::vector<SurveyResult::Pattern>& patterns, std::optional<bool> with_json) {
+        std::ranges::copy_if(patterns, std::back_inserter(m_patterns), [&](const SurveyResult::Pattern& pattern) {
+            return !with_json || *with_json == has(pattern.sources, LEXICON_JSON);
+        });
     }
 
     template<typename Condition>
@@ -67,7 +70,9 @@ bool is_default(const std::vector<std::string>& names, std::span<const std::stri
 
 class Adviser {
 public:
-    explicit Adviser(const SurveyResult& result) : m_result(result) {}
+    /// About all tokens, or about the punctuation and the words with the JSON of a lexicon's ids or those without it.
+    explicit Adviser(const SurveyResult& result, std::optional<bool> with_json = {})
+        : m_result(result), m_with_json(with_json) {}
 
     SurveyAdvice run();
 
@@ -82,6 +87,7 @@ private:
     bool is_varied(TokenSource source) const;
 
     const SurveyResult& m_result;
+    std::optional<bool> m_with_json;
     SurveyAdvice m_advice;
     std::vector<const SurveyResult::TokenElement*> m_elements; ///< that are to be tokens
     Tally m_words, m_tokens;
@@ -108,10 +114,12 @@ void Adviser::choose_tokens() {
         if (!element.is_known && element.tokens * 100 < m_result.tokens)
             continue;
         m_elements.push_back(&element);
-        m_tokens.add(element.patterns);
+        m_tokens.add(element.patterns, element.is_punctuation ? std::nullopt : m_with_json);
         if (!element.is_punctuation)
-            m_words.add(element.patterns);
+            m_words.add(element.patterns, m_with_json);
     }
+    m_advice.tokens = m_tokens.count();
+    m_advice.words = m_words.count();
     if (m_words.count() == 0)
         m_elements.clear();
 }
@@ -227,6 +235,7 @@ bool Adviser::choose_pos() {
         std::ranges::max_element(OTHER_POS, {}, [&](TokenSource source) { return m_tokens.count(source); });
     if (const std::uint64_t count = m_tokens.count(*other); count > served + m_tokens.count() / 50) {
         m_advice.pos = name_of(*other);
+        m_advice.tags = *other;
         return true;
     }
     const std::uint64_t mains = m_words.count_first(DEFAULT_POS, main);
@@ -235,6 +244,7 @@ bool Adviser::choose_pos() {
         return false;
     if (!is_pure || (by_others * 30 > served && (served - by_others) * 2 > served))
         m_advice.pos = name_of(main);
+    m_advice.tags = main;
     return true;
 }
 
@@ -267,6 +277,18 @@ std::vector<std::string> SurveyAdvice::options() const {
 }
 
 SurveyAdvice advise(const SurveyResult& result) { return Adviser(result).run(); }
+
+std::vector<SurveyAdvice> advise_each(const SurveyResult& result) {
+    SurveyAdvice advice = advise(result);
+    SurveyAdvice with_json = Adviser(result, true).run(), without = Adviser(result, false).run();
+    const std::uint64_t all = with_json.words + without.words;
+    if (!with_json.obstacle.empty() || !without.obstacle.empty() ||
+        std::min(with_json.words, without.words) * 100 < all)
+        return {std::move(advice)};
+    if (with_json.words < without.words)
+        std::swap(with_json, without);
+    return {std::move(with_json), std::move(without)};
+}
 
 std::string looked_for() {
     std::string names;

@@ -12,7 +12,9 @@ struct SurveyAdvice {
     /// Why there is no training data in them; empty: there is.
     std::string obstacle;
 
-    bool has_lexicon_json = false; ///< tags come from a lexicon, by the JSON in lemmas
+    bool has_lexicon_json = false;        ///< tags come from a lexicon, by the JSON in lemmas
+    TokenSource tags = TokenSource::TEXT; ///< where they come from otherwise, the most at least; TEXT: nowhere
+    std::uint64_t tokens = 0, words = 0;  ///< that it is about
     std::vector<std::string> word, punctuation;
     const SurveyResult::EnclosingElement* sentence = nullptr; ///< of the result; null: nothing encloses tokens
     std::string break_marks;                                  ///< the sentence holds several that end with these
@@ -24,6 +26,10 @@ struct SurveyAdvice {
 
 /// The result must live as long as the advice.
 SurveyAdvice advise(const SurveyResult& result);
+
+/// One, or two where words with the JSON of a lexicon's ids and words without it are a hundredth of all words each:
+/// first that for the more frequent ones.
+std::vector<SurveyAdvice> advise_each(const SurveyResult& result);
 
 /// What advise() knows, for those who are told that nothing of it was there.
 std::string looked_for();

@@ -13,7 +13,8 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
         ++found.faults;
         observer.complain(shown_path(place) + ": " + shown(message));
     };
-    Survey survey(task.skip);
+    Survey survey(task.skip), all(task.skip);
+    SurveyKinds kinds;
     XmlReader reader(survey, {[&](const XmlPlace& place, const std::string& message) {
                                   complain(to_string(place, document), message);
                               },
@@ -25,12 +26,18 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
         const std::string& path = inputs.documents[i];
         document = path == "-" ? "standard input" : path;
         const std::size_t faults = found.faults;
-        survey.begin_document();
+        survey = Survey(task.skip);
         reader.read(path);
+        if (i == 0)
+            all = survey;
+        else
+            all.add(survey);
+        kinds.add(path, survey);
         found.documents += found.faults == faults;
-        observer.progress(i + 1, inputs.documents.size(), survey.tokens());
+        observer.progress(i + 1, inputs.documents.size(), all.tokens());
     }
-    found.result = survey.result();
+    found.result = all.result();
+    found.kinds = kinds.kinds();
     return found;
 }
 

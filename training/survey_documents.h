@@ -2,6 +2,7 @@
 
 #include "training/ConversionOptions.h"
 #include "training/SurveyResult.h"
+#include "training/survey_kinds.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -31,8 +32,9 @@ struct SurveyObserver {
 
 struct DocumentsSurvey {
     SurveyResult result;
-    std::size_t documents = 0; ///< without a fault
-    std::size_t faults = 0;    ///< of inputs, each told
+    std::vector<DocumentKind> kinds; ///< of all documents, also where it is but one
+    std::size_t documents = 0;       ///< without a fault
+    std::size_t faults = 0;          ///< of inputs, each told
 };
 
 /// Reads the documents; of one with a fault, what stands before it. Throws std::bad_alloc.

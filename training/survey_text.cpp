@@ -103,8 +103,7 @@ std::string obstacle_text(const SurveyAdvice& advice) {
            looked_for() + ".\n";
 }
 
-} // namespace
-
+/// The command that makes training data of these documents, as a shell takes it.
 std::string survey_command(const SurveyAdvice& advice, const SurveyTask& task) {
     std::string command = advice.has_lexicon_json ? "tei2crf -l LEXICON" : "tei2crf";
     std::vector<std::string> words = advice.options();
@@ -125,17 +124,62 @@ std::string survey_command(const SurveyAdvice& advice, const SurveyTask& task) {
     return command;
 }
 
-std::string survey_text(const SurveyResult& result, const SurveyAdvice& advice, const SurveyTask& task) {
+struct Command {
+    SurveyAdvice advice;
+    SurveyTask task;
+    std::size_t documents = 0;
+};
+
+std::vector<Command> commands_for(const DocumentsSurvey& found, const SurveyTask& task) {
+    std::vector<Command> commands;
+    const auto add = [&](const SurveyResult& result, const SurveyTask& part, std::size_t documents) {
+        for (SurveyAdvice& advice : advise_each(result))
+            commands.push_back({std::move(advice), part, documents});
+    };
+    if (found.kinds.size() < 2)
+        add(found.result, task, found.kinds.empty() ? found.documents : found.kinds[0].documents.size());
+    else
+        for (const DocumentKind& kind : found.kinds)
+            add(kind.result, {inputs_of(kind, found.kinds, task.inputs), task.hidden, task.skip},
+                kind.documents.size());
+    return commands;
+}
+
+std::string counted(std::uint64_t count, const std::string& what) {
+    return shown_count(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+constexpr std::string_view LEXICON_IS_NEEDED =
+    "lemma is JSON, of a lexicon's ids: LEXICON stands for its file, which has the tags";
+
+std::string commands_text(const std::vector<Command>& commands) {
+    if (commands.size() == 1)
+        return std::string(commands[0].advice.has_lexicon_json
+                               ? LEXICON_IS_NEEDED
+                               : "lemma is no JSON of a lexicon's ids: tags are read from attributes") +
+               ".\nTry, to standard output or with -o FILE:\n  " +
+               survey_command(commands[0].advice, commands[0].task) + "\n";
+    std::string text = "The tokens are encoded in " + shown_count(commands.size()) +
+                       " ways, and no command reads all of them. Try, to standard output or with -o FILE,\n";
+    for (const Command& command : commands) {
+        text += "for " + counted(command.advice.tokens, "token") + " in " + counted(command.documents, "document");
+        if (command.advice.has_lexicon_json)
+            text.append(", whose ").append(LEXICON_IS_NEEDED);
+        text += ":\n  " + survey_command(command.advice, command.task) + "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+std::string survey_text(const DocumentsSurvey& found, const SurveyTask& task) {
+    const SurveyResult& result = found.result;
+    const SurveyAdvice advice = advise(result);
     std::string text = shown_count(result.tokens) + " tokens\n";
     if (!result.token_elements.empty())
         text += tokens_text(result) + enclosing_text(result, advice);
     text += cut_text(result);
-    if (!advice.obstacle.empty())
-        return text + obstacle_text(advice);
-    text += advice.has_lexicon_json
-                ? "lemma is JSON, of a lexicon's ids: LEXICON stands for its file, which has the tags.\n"
-                : "lemma is no JSON of a lexicon's ids: tags are read from attributes.\n";
-    return text + "Try, to standard output or with -o FILE:\n  " + survey_command(advice, task) + "\n";
+    return text + (advice.obstacle.empty() ? commands_text(commands_for(found, task)) : obstacle_text(advice));
 }
 
 } // namespace zelvor
