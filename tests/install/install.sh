@@ -51,7 +51,7 @@ read -ra flags < <(pkg-config --static --cflags --libs zelvor)
 expect 10110 ./static_user
 ! ./pkg_user 2>/dev/null || fail "the program of pkg-config does not use the shared library"
 
-"$source/../examples/links.sh" "$prefix/share/doc/zelvor"
+"$source/../examples/links.sh" "$prefix"/{share/doc/zelvor,share/man/man1,include/zelvor}
 
 # What the programs offer is in their manual pages and completions.
 for program in tei2crf TaggerFormatConverter; do
