@@ -44,6 +44,13 @@ printf '<s><c>.</c></s>' >corpus.xml
 expect '. $.' sed -n '$p' <(shared/converter_user corpus.xml)
 expect 'tei2crf (zelvor)' sed 's/ [0-9.]*$//' <("$prefix/bin/tei2crf" --version)
 
+# Each library that is loaded has its licence in the documents.
+libraries=$(find "$prefix" -type f \( -path '*/bin/*' -o -name '*.so*' \) -exec ldd {} + | sed -nE 's/^\t(lib[^ ]*)\.so\..*/\1/p' | sort -u)
+for library in $(grep -vE 'zelvor|san$' <<<"$libraries"); do
+    grep -qF "\`$library\`" "$prefix/share/doc/zelvor/docs/faq.md" || fail "no licence of $library in docs/faq.md"
+done
+[ "$(wc -w <<<"$libraries")" -gt 15 ]
+
 rm "$prefix/$libdir"/libzelvor.so*
 expect 10110 static/library_user
 read -ra flags < <(pkg-config --static --cflags --libs zelvor)
