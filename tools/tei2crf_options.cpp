@@ -21,14 +21,14 @@ constexpr std::string_view USAGE = "usage: tei2crf [-l LEXICON] [-o OUT] [OPTION
                                    "       tei2crf --survey INPUT...\n";
 
 constexpr std::string_view HELP =
-    R"(Writes the training data of a sequence tagger: a line a token, an empty line after each sentence.
+    R"(Writes the training data of a sequence tagger: a line for each token, an empty line after each sentence.
 
 INPUT is a TEI file, a folder of .tei and .xml files at any depth, or - for one document on standard input.
 The files are read in the order of their paths. --survey tells what is in them, and which options fit.
 
 Annotation is read from attributes; with -l it comes from a lexicon, by the ids in the JSON of lemma attributes.
 
-  -l, --lexicon=FILE       the lexicon, a line an analysed word form
+  -l, --lexicon=FILE       the lexicon, a line for each analysed word form
   -o, --output=FILE        write to FILE, which appears when it is complete; default: standard output
 
 Elements, by their names without prefix, several separated by commas:
