@@ -18,7 +18,7 @@ inline std::string shown_path(std::string_view path) { return shown(path, PATH_M
 std::string shown_count(std::uint64_t count);
 
 /// A word of a command line, quoted where a shell would not take it as it is. What would control a terminal, or is no
-/// UTF-8, is written as $'\NNN', which newer shells know.
+/// UTF-8, is written in octal within $'...', which newer shells know.
 std::string shell_word(std::string_view word);
 
 } // namespace zelvor
