@@ -26,12 +26,21 @@ std::string name_of(TokenSource source) {
     return std::string(std::ranges::find(TOKEN_SOURCE_NAMES, source, &TokenSourceName::source)->name);
 }
 
+/// Whether there is a lemma or tag. A type alone tells nothing: words with the JSON of a lexicon's ids have one, too,
+/// and those that the lexicon lacks have nothing else.
+bool is_annotated(TokenSources sources) {
+    for (const TokenSource source : {TEXT, NORM, FORM, TYPE})
+        sources.reset(static_cast<std::size_t>(source));
+    return sources.any();
+}
+
 /// How many tokens have which sources.
 class Tally {
 public:
     void add(const std::vector<SurveyResult::Pattern>& patterns, std::optional<bool> with_json) {
         std::ranges::copy_if(patterns, std::back_inserter(m_patterns), [&](const SurveyResult::Pattern& pattern) {
-            return !with_json || *with_json == has(pattern.sources, LEXICON_JSON);
+            const bool has_json = has(pattern.sources, LEXICON_JSON);
+            return !with_json || (*with_json ? has_json : !has_json && is_annotated(pattern.sources));
         });
     }
 
@@ -70,7 +79,8 @@ bool is_default(const std::vector<std::string>& names, std::span<const std::stri
 
 class Adviser {
 public:
-    /// About all tokens, or about the punctuation and the words with the JSON of a lexicon's ids or those without it.
+    /// About all tokens, or about the punctuation and the words with the JSON of a lexicon's ids, or with other
+    /// annotation.
     explicit Adviser(const SurveyResult& result, std::optional<bool> with_json = {})
         : m_result(result), m_with_json(with_json) {}
 

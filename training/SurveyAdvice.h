@@ -27,8 +27,8 @@ struct SurveyAdvice {
 /// The result must live as long as the advice.
 SurveyAdvice advise(const SurveyResult& result);
 
-/// One, or two where words with the JSON of a lexicon's ids and words without it are a hundredth of all words each:
-/// first that for the more frequent ones.
+/// One, or two where words with the JSON of a lexicon's ids and words with other annotation are a hundredth of these
+/// each: first that for the more frequent ones.
 std::vector<SurveyAdvice> advise_each(const SurveyResult& result);
 
 /// What advise() knows, for those who are told that nothing of it was there.
