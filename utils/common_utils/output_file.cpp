@@ -9,6 +9,7 @@
 #include <climits>
 #include <csignal>
 #include <cstring>
+#include <mutex>
 #include <system_error>
 
 #include <fcntl.h>
@@ -20,9 +21,11 @@ namespace zelvor {
 namespace {
 
 constexpr std::size_t BUFFER_BYTES = 65536;
+constexpr std::size_t UNIQUE_LETTERS = 6; ///< that tell a temporary from others
 
 /// Names that a signal handler can read; empty ones are free.
 std::array<char[PATH_MAX], 4> temporaries;
+std::mutex changing_temporaries;
 
 extern "C" void remove_temporaries(int signal) {
     for (const char* const name : temporaries)
@@ -34,6 +37,7 @@ extern "C" void remove_temporaries(int signal) {
 
 /// Without a free place the file is removed by its owner only.
 void remember(const std::string& name) {
+    const std::lock_guard lock(changing_temporaries);
     const auto place = std::ranges::find_if(temporaries, [](const char* known) { return !*known; });
     if (place != temporaries.end() && name.size() < PATH_MAX) {
         std::memcpy(*place + 1, name.c_str() + 1, name.size());
@@ -42,6 +46,7 @@ void remember(const std::string& name) {
 }
 
 void forget(const std::string& name) {
+    const std::lock_guard lock(changing_temporaries);
     for (char* const known : temporaries)
         if (name == known)
             *known = '\0';
@@ -60,10 +65,21 @@ bool follow_link(std::string& path) {
     return true;
 }
 
-mode_t default_mode() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
+/// Makes a file and puts a name that nobody has in place of the letters at the end of this one. As mkostemp, but with
+/// permissions that the system cuts by the umask: to ask for that is to change it, for all threads.
+int make_unique(std::string& name, mode_t mode) {
+    constexpr std::string_view letters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    constexpr int max_tries = 1000;
+    std::array<unsigned char, UNIQUE_LETTERS> numbers{};
+    int descriptor = -1;
+    for (int i = 0; i < max_tries && descriptor < 0 && getentropy(numbers.data(), numbers.size()) == 0; ++i) {
+        std::ranges::transform(numbers, name.end() - UNIQUE_LETTERS,
+                               [&](unsigned char number) { return letters[number % letters.size()]; });
+        descriptor = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (descriptor < 0 && errno != EEXIST)
+            break;
+    }
+    return descriptor;
 }
 
 /// What is behind an output, an open descriptor included.
@@ -145,11 +161,14 @@ void OutputFile::open_temporary() {
     constexpr std::size_t max_name_bytes = 200; // a name of any length has one beside it
     m_path = target_of(m_path);
     const std::size_t slash = m_path.rfind('/') + 1;
-    m_temporary = m_path.substr(0, slash) + "." + m_path.substr(slash, max_name_bytes) + ".XXXXXX";
+    m_temporary =
+        m_path.substr(0, slash) + "." + m_path.substr(slash, max_name_bytes) + "." + std::string(UNIQUE_LETTERS, '_');
+    struct stat status {};
+    const bool exists = stat(m_path.c_str(), &status) == 0;
     sigset_t all, before; // no signal between making the file and knowing it
     sigfillset(&all);
     sigprocmask(SIG_SETMASK, &all, &before);
-    m_descriptor = mkostemp(m_temporary.data(), O_CLOEXEC);
+    m_descriptor = make_unique(m_temporary, exists ? 0600 : 0666); // nobody may read more than of the old file
     const int error = errno;
     if (m_descriptor >= 0)
         remember(m_temporary);
@@ -159,11 +178,11 @@ void OutputFile::open_temporary() {
         errno = error;
         fail();
     }
-    struct stat status {};
-    const bool exists = stat(m_path.c_str(), &status) == 0;
-    if (exists && fchown(m_descriptor, status.st_uid, status.st_gid) != 0)
+    if (!exists)
+        return;
+    if (fchown(m_descriptor, status.st_uid, status.st_gid) != 0)
         errno = 0; // ours, then
-    fchmod(m_descriptor, exists ? status.st_mode & 0777 : default_mode());
+    fchmod(m_descriptor, status.st_mode & 0777);
 }
 
 OutputFile::~OutputFile() {
