@@ -108,6 +108,9 @@ void for_each_text(const py::iterable& texts, Use use) {
     }
 }
 
+/// Makes what the module has safe for objects that were never initialised, and for any arguments.
+void protect_functions(const py::module_& module);
+
 void bind_conversion(py::module_& module);
 void bind_language_model(py::module_& module);
 void bind_lexicon(py::module_& module);

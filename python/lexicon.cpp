@@ -66,11 +66,11 @@ constexpr struct {
 };
 
 /// A lexicon that Python's threads share: whoever reads a file works without Python's lock.
-struct SharedLexicon {
+struct SharedLexicon : std::enable_shared_from_this<SharedLexicon> {
     Lexicon lexicon;
     std::shared_mutex mutex;
 };
-using Owner = std::shared_ptr<SharedLexicon>;
+using Owner = std::shared_ptr<const SharedLexicon>;
 
 /// Calls use(lexicon) while nobody changes it; use must call nothing of Python.
 template<typename Use>
@@ -142,18 +142,18 @@ std::size_t merge(SharedLexicon& shared, const Path& path, const Text& source, b
     });
 }
 
-Owner make(const std::optional<Path>& path) {
+std::shared_ptr<SharedLexicon> make(const std::optional<Path>& path) {
     auto owner = std::make_shared<SharedLexicon>();
     if (path)
         read(*owner, *path, std::nullopt);
     return owner;
 }
 
-std::vector<Entry> look_up(const Owner& owner, const std::optional<Text>& form, const std::optional<Text>& lemma,
-                           const std::optional<int>& id) {
+std::vector<Entry> look_up(const SharedLexicon& shared, const std::optional<Text>& form,
+                           const std::optional<Text>& lemma, const std::optional<int>& id) {
     if (form.has_value() + lemma.has_value() + id.has_value() != 1)
         throw py::type_error("lookup needs one of form, lemma and id");
-    return entries_of(owner, reading(*owner, [&](const Lexicon& lexicon) {
+    return entries_of(shared.shared_from_this(), reading(shared, [&](const Lexicon& lexicon) {
                           if (form)
                               return lexicon.find_form(form->bytes);
                           if (lemma)
@@ -229,8 +229,9 @@ void bind_lexicon(py::module_& module) {
             ++self.next;
             return Entry{self.owner, entry};
         });
-    const auto entries = [](const Owner& self) { return EntryIterator{self}; };
-    py::class_<SharedLexicon, Owner>(module, "Lexicon", R"(Analyses of word forms, the first added first.
+    const auto entries = [](const SharedLexicon& self) { return EntryIterator{self.shared_from_this()}; };
+    py::class_<SharedLexicon, std::shared_ptr<SharedLexicon>>(module, "Lexicon",
+                                                              R"(Analyses of word forms, the first added first.
 
 Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
 and the lexicon is as it was; with on_bad_line, such lines are left out, and it is called afterwards with the number of

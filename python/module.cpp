@@ -54,6 +54,7 @@ PYBIND11_MODULE(_zelvor, module) {
     bind_survey(module);
     bind_text(module);
     bind_trie(module);
+    protect_functions(module);
     for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Report", "Rules", "TeiReader", "Trie"})
         module.attr(name).attr("__module__") = "zelvor"; // where users find them
 }

@@ -120,6 +120,8 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (UnicodeEncodeError, lambda: Trie(["a"]).fuzzy("\udc80")),
     (TypeError, lambda: Trie(["a"]).fuzzy(None)),
     (TypeError, lambda: Trie(["a"]).fuzzy("a", start=-1)),
+    (TypeError, lambda: Trie(["a"]).fuzzy("a" * 100_000, None)),
+    (UnicodeEncodeError, lambda: Trie(["a"]).fuzzy("a", **{"\ud800": 1})),
     (ValueError, lambda: Trie(["a"]).fuzzy("a", float("nan"))),
     (ValueError, lambda: Trie(["a"], {"abc": 1})),
     (ValueError, lambda: Trie(["a"], {("a", "b"): -1})),
@@ -161,7 +163,33 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
 ])
 def test_errors_are_those_of_python(folder, error, call):
     (folder / "binary").write_bytes(BINARY)
-    with pytest.raises(error):
+    with pytest.raises(error) as raised:
+        call()
+    assert len(str(raised.value)) < 1000
+
+
+class Hasty(Trie):
+    def __init__(self):
+        len(self)
+
+
+@pytest.mark.parametrize("call", [
+    lambda: zelvor.Entry.__new__(zelvor.Entry).lemma,
+    lambda: zelvor.Entry.__new__(zelvor.Entry) == Lexicon("examples/lexicon.txt").lookup(id=6)[0],
+    lambda: LanguageModel.__new__(LanguageModel).score(["a"]),
+    lambda: len(Lexicon.__new__(Lexicon)),
+    lambda: Lexicon.__new__(Lexicon).lookup("a"),
+    lambda: iter(Lexicon.__new__(Lexicon)),
+    lambda: zelvor.Report.__new__(zelvor.Report).files,
+    lambda: Rules.__new__(Rules).apply("a"),
+    lambda: next(zelvor.TeiReader.__new__(zelvor.TeiReader)),
+    lambda: next(type(iter(Lexicon())).__new__(type(iter(Lexicon())))),
+    lambda: Trie.__new__(Trie).to_dot(),
+    Hasty,
+    type("Forgetful", (Trie,), {"__init__": lambda self: None}),
+])
+def test_objects_that_were_never_initialised(call):
+    with pytest.raises(TypeError, match="__init__"):
         call()
 
 

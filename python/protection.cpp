@@ -1,0 +1,83 @@
+#include "python/bindings.h"
+
+#include <cstddef>
+
+namespace zelvor::python {
+
+namespace {
+
+PyCFunctionWithKeywords dispatch = nullptr; ///< what pybind11 makes all functions call
+
+/// Instead of memory without an object in it, which pybind11 would hand to a method: of X.__new__(X), or of a subclass
+/// whose __init__ has not called that of its parent yet.
+void* refuse_uninitialised(std::size_t) {
+    throw py::type_error("the object was never initialised: __init__ is missing");
+}
+
+/// Cuts the message of pybind11 for wrong arguments, which ends with all of them.
+void shorten_error() {
+    constexpr Py_ssize_t max_length = 200;
+    py::error_already_set error;
+    const py::object message = py::reinterpret_steal<py::object>(PyObject_Str(error.value().ptr()));
+    const py::str begin_of_arguments("\nInvoked with: ");
+    const Py_ssize_t length = message ? PyUnicode_GetLength(message.ptr()) : 0;
+    const Py_ssize_t begin = message ? PyUnicode_Find(message.ptr(), begin_of_arguments.ptr(), 0, length, 1) : -1;
+    PyErr_Clear();
+    if (begin < 0 || length - begin <= max_length)
+        return error.restore();
+    const auto kept = py::reinterpret_steal<py::object>(PyUnicode_Substring(message.ptr(), 0, begin + max_length));
+    PyErr_Format(PyExc_TypeError, "%U...", kept.ptr());
+}
+
+/// Names of arguments that are not UTF-8 make pybind11 throw where nobody would catch it.
+PyObject* call_protected(PyObject* self, PyObject* arguments, PyObject* keywords) {
+    PyObject* result = nullptr;
+    try {
+        result = dispatch(self, arguments, keywords);
+    } catch (py::error_already_set& error) {
+        error.restore();
+    }
+    if (!result && PyErr_ExceptionMatches(PyExc_TypeError))
+        shorten_error();
+    return result;
+}
+
+/// A function, a method, or what reads a property.
+void protect(py::object member) {
+    if (PyObject_TypeCheck(member.ptr(), &PyProperty_Type))
+        member = member.attr("fget");
+    if (PyInstanceMethod_Check(member.ptr()))
+        member = py::reinterpret_borrow<py::object>(PyInstanceMethod_GET_FUNCTION(member.ptr()));
+    if (!PyCFunction_Check(member.ptr()))
+        return;
+    PyCFunction& meth = reinterpret_cast<PyCFunctionObject*>(member.ptr())->m_ml->ml_meth;
+    const auto called = reinterpret_cast<PyCFunctionWithKeywords>(reinterpret_cast<void (*)()>(meth));
+    if (called == dispatch)
+        meth = reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(call_protected));
+}
+
+void protect_all(const py::object& members) {
+    for (const py::handle member : py::list(members.attr("values")()))
+        protect(py::reinterpret_borrow<py::object>(member));
+}
+
+} // namespace
+
+void protect_functions(const py::module_& module) {
+    const py::object any = module.attr("convert");
+    dispatch = reinterpret_cast<PyCFunctionWithKeywords>(
+        reinterpret_cast<void (*)()>(reinterpret_cast<PyCFunctionObject*>(any.ptr())->m_ml->ml_meth));
+    const py::object members = module.attr("__dict__");
+    protect_all(members);
+    for (const py::handle member : py::list(members.attr("values")())) {
+        auto* const type = PyType_Check(member.ptr())
+                               ? py::detail::get_type_info(reinterpret_cast<PyTypeObject*>(member.ptr()))
+                               : nullptr;
+        if (!type)
+            continue;
+        type->operator_new = refuse_uninitialised;
+        protect_all(member.attr("__dict__"));
+    }
+}
+
+} // namespace zelvor::python
