@@ -1,3 +1,4 @@
+#include "python/OwnedMutex.h"
 #include "python/TokenGatherer.h"
 #include "python/keywords.h"
 #include "python/report.h"
@@ -65,7 +66,7 @@ public:
 
     /// Ctrl-C, and what else a handler of signals raises, which is then Python's error.
     bool is_cancelled() const override {
-        if (++m_calls % CALLS_A_LOOK != 0 || Clock::now() < m_next_look)
+        if (m_has_error || ++m_calls % CALLS_A_LOOK != 0 || Clock::now() < m_next_look)
             return m_has_error;
         m_next_look = Clock::now() + std::chrono::milliseconds(50);
         const py::gil_scoped_acquire locked;
@@ -94,9 +95,12 @@ public:
 
     py::list next();
     py::object report() {
-        const auto lock = locked();
-        const bool is_malformed = m_report[ConversionReport::NOT_JSON] + m_report[ConversionReport::OTHER_JSON] > 0;
-        return make_report(m_report, is_malformed || !m_messages.empty() ? 1 : 0, m_messages);
+        std::unique_lock lock(m_mutex);
+        const ConversionReport report = m_report;
+        const std::vector<std::string> messages = m_messages;
+        lock.unlock(); // what makes objects of Python may run whatever code
+        const bool is_malformed = report[ConversionReport::NOT_JSON] + report[ConversionReport::OTHER_JSON] > 0;
+        return make_report(report, is_malformed || !messages.empty() ? 1 : 0, messages);
     }
 
 private:
@@ -105,7 +109,6 @@ private:
     void read_document();
     void raise_fault();
     void end();
-    std::unique_lock<std::mutex> locked();
     py::list make_sentence(const GatheredDocument& document, GatheredDocument::Sentence sentence);
     py::object make_token(const GatheredDocument& document, std::size_t number);
 
@@ -118,7 +121,7 @@ private:
     ConversionReport m_report;
     Survey m_survey;
 
-    std::mutex m_mutex; ///< for what follows
+    OwnedMutex m_mutex; ///< for what follows
     std::size_t m_next_document = 0, m_next_sentence = 0;
     std::shared_ptr<const GatheredDocument> m_document;
     std::string m_fault; ///< of this document, to be raised behind its sentences
@@ -176,20 +179,10 @@ void TeiReader::find_inputs() {
         throw std::invalid_argument("no file whose name ends in .tei or .xml");
 }
 
-/// Waits without Python's lock, since who holds this one may need that.
-std::unique_lock<std::mutex> TeiReader::locked() {
-    std::unique_lock lock(m_mutex, std::try_to_lock);
-    if (!lock) {
-        const py::gil_scoped_release unlocked;
-        lock.lock();
-    }
-    return lock;
-}
-
 py::list TeiReader::next() {
     std::shared_ptr<const GatheredDocument> document;
     std::size_t sentence = 0;
-    for (auto lock = locked(); !document;) {
+    for (std::unique_lock lock(m_mutex); !document;) {
         if (m_document && m_next_sentence < m_document->sentences.size()) {
             document = m_document;
             sentence = m_next_sentence++;
@@ -243,7 +236,7 @@ void TeiReader::raise_fault() {
     const std::string fault = std::exchange(m_fault, {});
     m_messages.push_back(fault);
     const std::string& path = m_documents[m_next_document - 1];
-    const int error = m_document->sentences.empty() ? reading_error(path) : 0;
+    const int error = !m_document || m_document->sentences.empty() ? reading_error(path) : 0;
     if (error != 0)
         throw std::system_error(error, std::generic_category(), path);
     PyErr_SetObject(PyExc_ValueError, to_str(fault, "replace").ptr());

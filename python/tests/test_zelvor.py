@@ -295,6 +295,17 @@ def test_a_long_conversion_can_be_ended(folder, end):
     assert set(os.listdir()) == before
 
 
+def test_a_handler_of_signals_cannot_use_the_reader_that_it_interrupts(folder):
+    reader = zelvor.read_tei(document(folder, "a.xml", "<s><w>a</w></s>" * 1_000_000))
+    before = signal.signal(signal.SIGALRM, lambda *_: next(reader))
+    try:
+        signal.setitimer(signal.ITIMER_REAL, 0.01)
+        with pytest.raises(RuntimeError, match="already at work"):
+            next(reader)
+    finally:
+        signal.signal(signal.SIGALRM, before)
+
+
 def test_threads_share_a_reader(folder):
     reader, forms = zelvor.read_tei([document(folder, name, "<s><w>a</w></s>" * 9000) for name in "ab"]), []
     threads = [threading.Thread(target=lambda: forms.extend(s[0].form for s in reader)) for _ in range(8)]
