@@ -22,10 +22,12 @@ constexpr std::uint32_t NONE = 0xFFFFFFFF;
 constexpr std::size_t REQUIRED_FIELDS = 22;
 constexpr std::ptrdiff_t SEPARATORS = 30;
 
-/// Its first characters; cut so that what is valid stays valid.
+/// Its first characters; cut so that what is valid stays valid. What is no text is "?".
 std::string excerpt(std::string_view line) {
     constexpr std::size_t max_length = 60;
-    const std::u32string text = decode_utf8(line);
+    std::u32string text = decode_utf8(line);
+    std::ranges::replace_if(
+        text, [](char32_t character) { return character < U' ' || character == 0x7F; }, U'?');
     return encode_utf8(text.substr(0, max_length)) + (text.size() > max_length ? "..." : "");
 }
 
@@ -133,8 +135,8 @@ std::size_t Lexicon::read(const std::string& filename, const BadLine& on_bad_lin
 
 std::size_t Lexicon::merge(const std::string& filename, const std::string& source, bool extended_comparison,
                            const BadLine& on_bad_line) {
-    if (source.find_first_of("#,\r\n") != std::string::npos || !is_valid_utf8(source))
-        throw std::invalid_argument("no name of a source: " + source);
+    if (source.find_first_of(std::string_view("#,\r\n\0", 5)) != std::string::npos || !is_valid_utf8(source))
+        throw std::invalid_argument("no name of a source: " + excerpt(source));
     const std::size_t size_before = size();
     for_each_entry(filename, on_bad_line, [&](std::unique_ptr<LexicalEntry> entry) {
         if (!source.empty()) {

@@ -29,7 +29,8 @@ public:
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.
-    /// Returns how many were new. A source with "#", "," or a line end, or not in UTF-8, throws std::invalid_argument.
+    /// Returns how many were new. A source with "#", ",", NUL or a line end, or not in UTF-8, throws
+    /// std::invalid_argument.
     std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
                       const BadLine& on_bad_line = {});
 
