@@ -4,9 +4,9 @@
 
 #include <pybind11/pybind11.h>
 
+#include <exception>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 /// What the binding files share. Each binds one class, or one group of functions, of the module zelvor._zelvor.
@@ -72,13 +72,20 @@ namespace zelvor::python {
 /// Throws std::system_error, which is an OSError in Python, for a file that could not be read.
 void require_readable(const std::string& filename);
 
-/// The OSError of it, of the right subclass.
-py::object os_error(const std::system_error& error);
+/// The exception of Python for one of C++: an OSError of the right subclass, a ValueError of std::invalid_argument, a
+/// MemoryError, else a RuntimeError. Of the message, what is no UTF-8 is replaced.
+py::object exception_of(const std::exception_ptr& thrown, std::string_view message);
+
+/// As `raise` does.
+void set_error(const py::object& exception);
+
+/// What a caller handed in, for a message: its repr, cut where it is long. Nothing of that ends a C string.
+std::string described(const py::handle& value);
 
 /// What a caller's own container holds; anything but a str is a TypeError.
 inline Text text_of(const py::handle& text) {
     if (!py::isinstance<py::str>(text))
-        throw py::type_error("a str is needed, not " + py::repr(py::type::of(text)).cast<std::string>());
+        throw py::type_error("a str is needed, not " + described(py::type::of(text)));
     return py::cast<Text>(text);
 }
 

@@ -4,15 +4,18 @@
 #include "python/report.h"
 #include "training/conversion_settings.h"
 
-#include <algorithm>
+#include <pybind11/stl.h>
+
 #include <array>
 #include <mutex>
-#include <new>
+#include <optional>
 #include <stdexcept>
 
 namespace zelvor::python {
 
 namespace {
+
+using Progress = std::optional<py::function>;
 
 /// What a run tells, from its threads to Python's.
 class Bulletin {
@@ -30,8 +33,8 @@ public:
     }
 
     /// Calls progress(ended, all, tokens) where these are others than before.
-    void tell(const py::object& progress) {
-        if (progress.is_none())
+    void tell(const Progress& progress) {
+        if (!progress)
             return;
         Counts counts;
         {
@@ -39,7 +42,7 @@ public:
             counts = m_counts;
         }
         if (counts != m_told)
-            progress(counts[0], counts[1], counts[2]);
+            (*progress)(counts[0], counts[1], counts[2]);
         m_told = counts;
     }
 
@@ -50,26 +53,8 @@ private:
     Counts m_counts{}, m_told{};
 };
 
-/// The exception of Python for what stopped a run.
-py::object exception_of(const std::exception_ptr& why_stopped, const std::string& message) {
-    const auto make = [&](PyObject* type) {
-        return py::reinterpret_borrow<py::object>(type)(to_str(with_keywords(message), "replace"));
-    };
-    try {
-        std::rethrow_exception(why_stopped);
-    } catch (const std::system_error& error) {
-        return os_error(error);
-    } catch (const std::invalid_argument&) {
-        return make(PyExc_ValueError);
-    } catch (const std::bad_alloc&) {
-        return make(PyExc_MemoryError);
-    } catch (const std::exception&) {
-        return make(PyExc_RuntimeError);
-    }
-}
-
 py::object convert(const py::object& inputs, const Path& output, const py::object& lexicon, const py::object& jobs,
-                   const py::object& progress, const py::kwargs& options) {
+                   const Progress& progress, const py::kwargs& options) {
     ConversionTask task = task_of(inputs, lexicon, options, false);
     if (output.name.empty())
         throw std::system_error(ENOENT, std::generic_category(), output.name);
@@ -99,9 +84,9 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
     std::string told;
     for (const std::string& message : bulletin.messages)
         told.append(told.empty() ? "" : "\n").append(message);
-    const py::object raised = exception_of(result.why_stopped, told);
+    const py::object raised = exception_of(result.why_stopped, with_keywords(told));
     raised.attr("report") = report;
-    PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
+    set_error(raised);
     throw py::error_already_set();
 }
 

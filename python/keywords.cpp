@@ -22,16 +22,15 @@ bool is_path(const py::handle& object) {
     return py::isinstance<py::str>(object) || py::isinstance<py::bytes>(object) || py::hasattr(object, "__fspath__");
 }
 
+/// Strings stay as they are: with commas between their items.
 std::string list_of(const py::object& value) {
     if (py::isinstance<py::str>(value))
         return text_of(value).bytes;
     std::string list;
-    bool is_first = true;
     for_each_text(py::reinterpret_borrow<py::iterable>(value), [&](const std::string& item) {
-        if (!is_first)
-            list += ',';
-        is_first = false;
-        list += item;
+        if (item.empty() || item.find(',') != std::string::npos)
+            throw std::invalid_argument("an item of a list is not empty and holds no comma, which parts items");
+        list.append(list.empty() ? "" : ",").append(item);
     });
     return list;
 }
@@ -45,7 +44,7 @@ std::string value_of(Kind kind, const py::object& value) {
         return path_of(value);
     case Kind::NUMBER:
         if (!py::isinstance<py::int_>(value))
-            throw py::type_error("an int is needed, not " + py::repr(value).cast<std::string>());
+            throw py::type_error("an int is needed, not " + described(value));
         return py::str(value);
     default:
         return text_of(value).bytes;
@@ -53,23 +52,22 @@ std::string value_of(Kind kind, const py::object& value) {
 }
 
 void set(const ConversionSetting& setting, const py::object& value, ConversionTask& task) {
-    const std::string text = setting.kind == Kind::FLAG ? "" : value_of(setting.kind, value);
     try {
-        setting.set(task, text);
+        setting.set(task, setting.kind == Kind::FLAG ? "" : value_of(setting.kind, value));
     } catch (const std::invalid_argument& error) {
-        throw std::invalid_argument("wrong value of " + keyword_of(setting.name) + ": '" + text + "': " + error.what());
+        throw std::invalid_argument("wrong value of " + keyword_of(setting.name) + ": " + described(value) + ": " +
+                                    error.what());
     }
 }
 
 /// Null where it is no option of such a function.
-const ConversionSetting* setting_of(std::string name, bool only_reads) {
-    if (name.ends_with('_'))
-        name.pop_back();
-    std::ranges::replace(name, '_', '-');
-    const ConversionSetting* const setting = find_setting(name);
-    const bool is_known = setting && setting->topic != Topic::RUN &&
-                          (!only_reads || setting->topic == Topic::READING || setting->topic == Topic::ATTRIBUTES);
-    return is_known ? setting : nullptr;
+const ConversionSetting* setting_of(std::string_view keyword, bool only_reads) {
+    const auto is_meant = [&](const ConversionSetting& setting) { return keyword_of(setting.name) == keyword; };
+    const auto settings = conversion_settings();
+    const auto found = std::ranges::find_if(settings, is_meant);
+    const bool is_known = found != settings.end() && found->topic != Topic::RUN &&
+                          (!only_reads || found->topic == Topic::READING || found->topic == Topic::ATTRIBUTES);
+    return is_known ? &*found : nullptr;
 }
 
 bool is_wanted(const ConversionSetting& setting, const py::object& value) {
@@ -111,10 +109,9 @@ ConversionTask task_of(const py::object& inputs, const py::object& lexicon, cons
         set_option("lexicon", lexicon, task);
     std::vector<const ConversionSetting*> given;
     for (const auto& [key, value] : options) {
-        const std::string name = text_of(key).bytes;
-        const ConversionSetting* const setting = setting_of(name, only_reads);
+        const ConversionSetting* const setting = setting_of(text_of(key).bytes, only_reads);
         if (!setting)
-            throw py::type_error("there is no option '" + name + "'");
+            throw py::type_error("there is no option " + described(key));
         const auto wanted = py::reinterpret_borrow<py::object>(value);
         if (!is_wanted(*setting, wanted))
             continue;
@@ -149,8 +146,7 @@ void warn(const std::vector<std::string>& messages) {
         return;
     const std::string rest =
         messages.size() > 1 ? " (and " + std::to_string(messages.size() - 1) + " more messages)" : "";
-    const std::string message = to_str(messages.front() + rest, "replace");
-    if (PyErr_WarnEx(PyExc_UserWarning, message.c_str(), 1) != 0)
+    if (PyErr_WarnFormat(PyExc_UserWarning, 1, "%U", to_str(messages.front() + rest, "replace").ptr()) != 0)
         throw py::error_already_set();
 }
 

@@ -2,23 +2,25 @@
 
 #include <cerrno>
 #include <fstream>
-#include <system_error>
+#include <new>
+#include <stdexcept>
 
 namespace zelvor::python {
 
 namespace {
 
-void translate(std::exception_ptr pexception) {
+void translate(std::exception_ptr thrown) {
     try {
-        if (pexception)
-            std::rethrow_exception(pexception);
-    } catch (const std::system_error& error) {
-        const py::object raised = os_error(error);
-        PyErr_SetObject(py::type::handle_of(raised).ptr(), raised.ptr());
+        if (thrown)
+            std::rethrow_exception(thrown);
+    } catch (const py::error_already_set&) {
+        throw;
+    } catch (const py::builtin_exception&) {
+        throw;
+    } catch (const std::exception& error) {
+        set_error(exception_of(thrown, error.what()));
     }
 }
-
-} // namespace
 
 /// OSError(number, message, file name) makes itself the right subclass.
 py::object os_error(const std::system_error& error) {
@@ -26,6 +28,38 @@ py::object os_error(const std::system_error& error) {
     const std::string name = what.ends_with(message) ? what.substr(0, what.size() - message.size()) : what;
     return py::reinterpret_borrow<py::object>(PyExc_OSError)(error.code().value(), error.code().message(),
                                                              path_to_str(name));
+}
+
+} // namespace
+
+py::object exception_of(const std::exception_ptr& thrown, std::string_view message) {
+    const auto make = [&](PyObject* type) {
+        return py::reinterpret_borrow<py::object>(type)(to_str(message, "replace"));
+    };
+    try {
+        std::rethrow_exception(thrown);
+    } catch (const std::system_error& error) {
+        return os_error(error);
+    } catch (const std::invalid_argument&) {
+        return make(PyExc_ValueError);
+    } catch (const std::bad_alloc&) {
+        return make(PyExc_MemoryError);
+    } catch (const std::exception&) {
+        return make(PyExc_RuntimeError);
+    }
+}
+
+void set_error(const py::object& exception) { PyErr_SetObject(py::type::handle_of(exception).ptr(), exception.ptr()); }
+
+std::string described(const py::handle& value) {
+    constexpr Py_ssize_t max_length = 100;
+    const py::str text = py::repr(value);
+    const auto begin = py::reinterpret_steal<py::object>(PyUnicode_Substring(text.ptr(), 0, max_length));
+    const auto bytes = py::reinterpret_steal<py::object>(
+        begin ? PyUnicode_AsEncodedString(begin.ptr(), "utf-8", "backslashreplace") : nullptr);
+    if (!bytes)
+        throw py::error_already_set();
+    return PyBytes_AS_STRING(bytes.ptr()) + std::string(PyUnicode_GetLength(text.ptr()) > max_length ? "..." : "");
 }
 
 void require_readable(const std::string& filename) {

@@ -1,5 +1,6 @@
 #include "utils/lexicon_utils/rules.h"
 #include "python/bindings.h"
+#include "utils/common_utils/encoding.h"
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/utf8.h"
 
@@ -12,7 +13,9 @@ namespace zelvor::python {
 namespace {
 
 /// Why a line is hardly meant as a rule; empty where it may be.
-const char* fault_of(const std::string& line) {
+std::string fault_of(const std::string& line, std::size_t number) {
+    if (const char* const reason = number == 1 ? why_not_utf8_text(line) : nullptr)
+        return std::string("the file ") + reason;
     if (!is_valid_utf8(line))
         return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
     if (line.ends_with('\r'))
@@ -26,7 +29,7 @@ void check_lines(const std::string& filename) {
     std::size_t number = 0;
     for_each_line(filename, [&](const std::string& line) {
         ++number;
-        if (const std::string fault = fault_of(line); !fault.empty())
+        if (const std::string fault = fault_of(line, number); !fault.empty())
             throw std::invalid_argument(filename + ":" + std::to_string(number) + ": " + fault);
     });
 }

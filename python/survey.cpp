@@ -3,10 +3,6 @@
 #include "training/SurveyAdvice.h"
 #include "training/survey_documents.h"
 
-#include <pybind11/stl.h>
-
-#include <optional>
-
 namespace zelvor::python {
 
 namespace {
@@ -65,10 +61,13 @@ py::dict options_of(SurveyAdvice advice) {
     return options;
 }
 
-py::dict survey(const py::object& inputs, const std::optional<std::vector<std::string>>& skip, bool hidden) {
+py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
     SurveyTask task{input_paths(inputs), hidden};
-    if (skip)
-        task.skip = *skip;
+    if (!skip.is_none()) {
+        ConversionTask with_option;
+        set_option("skip", skip, with_option);
+        task.skip = with_option.options.skip;
+    }
     std::vector<std::string> messages;
     const auto run = [&](std::stop_token cancelled) {
         return survey_documents(task, {[&](const std::string& message) { messages.push_back(message); },
@@ -94,8 +93,9 @@ void bind_survey(py::module_& module) {
                R"(What is in documents of which nothing is known, as a dict, and the options that fit them.
 
 token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences;
-options are keywords for read_tei and convert, columns one for convert; obstacle says why there is no training data in them, and is empty where
-there is. Documents with faults are a UserWarning, and in messages.
+options are keywords for read_tei and convert, columns one for convert; obstacle says why there is no training data in
+them, and is empty where there is. skip names elements that are not read, as in read_tei. Documents with faults are a
+UserWarning, and in messages.
 
 >>> found = survey("examples/families/latin.xml")
 >>> found["options"]["sentence"], [element["name"] for element in found["token_elements"]]

@@ -10,7 +10,7 @@ namespace zelvor::python {
 
 namespace {
 
-Text normalize_case(const Text& text, const std::string& to) {
+Text normalize_case(const Text& text, const Text& to) {
     using Convert = std::string (*)(const std::string&);
     static const std::map<std::string, Convert> conversions{
         {"lower", [](const std::string& s) { return convert_lowercase(s); }},
@@ -19,9 +19,10 @@ Text normalize_case(const Text& text, const std::string& to) {
         {"capitalized", [](const std::string& s) { return capitalize_first_unicode(s); }},
         {"uncapitalized", [](const std::string& s) { return downcase_first_unicode(s); }},
     };
-    const auto conversion = conversions.find(to);
+    const auto conversion = conversions.find(to.bytes);
     if (conversion == conversions.end())
-        throw py::value_error("no case: '" + to + "'; lower, upper, title, capitalized and uncapitalized are known");
+        throw py::value_error("no case: " + described(to_str(to.bytes)) +
+                              "; lower, upper, title, capitalized and uncapitalized are known");
     return {conversion->second(text.bytes)};
 }
 

@@ -28,7 +28,7 @@ std::string key_of(const py::handle& pair) {
             text += text_of(part).bytes;
     std::u32string characters = decode_utf8(text);
     if (characters.size() != 2)
-        throw py::value_error("a weight is that of a pair of characters, not of " + py::repr(pair).cast<std::string>());
+        throw py::value_error("a weight is that of a pair of characters, not of " + described(pair));
     std::ranges::sort(characters);
     return encode_utf8(characters);
 }
