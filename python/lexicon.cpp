@@ -107,38 +107,36 @@ std::vector<Entry> entries_of(const Owner& owner, const Lexicon::Entries& found)
     return entries;
 }
 
-using BadLines = std::vector<std::pair<std::size_t, std::string>>;
 using OnBadLine = std::optional<py::function>;
 
-/// Calls change(lexicon, on_bad_line) without Python's lock, then tells Python of the bad lines.
+/// Calls change(lexicon, bad_line) without Python's lock. The lexicon tells of bad lines before it changes, so Python
+/// is told without the lock of the lexicon, and may do with it what it likes.
 template<typename Change>
 std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change change) {
-    BadLines bad_lines;
-    Lexicon::BadLine remember;
+    const py::gil_scoped_release unlocked;
+    std::unique_lock lock(shared.mutex);
+    Lexicon::BadLine tell;
     if (on_bad_line)
-        remember = [&](std::size_t number, const std::string& reason) { bad_lines.emplace_back(number, reason); };
-    std::size_t added = 0;
-    {
-        const py::gil_scoped_release unlocked;
-        const std::unique_lock lock(shared.mutex);
-        added = change(shared.lexicon, remember);
-    }
-    for (const auto& [number, reason] : bad_lines)
-        (*on_bad_line)(number,
-                       py::str(PyUnicode_DecodeUTF8(reason.data(), static_cast<Py_ssize_t>(reason.size()), "replace")));
-    return added;
+        tell = [&](std::size_t number, const std::string& reason) {
+            lock.unlock();
+            {
+                const py::gil_scoped_acquire locked;
+                (*on_bad_line)(number, to_str(reason, "replace"));
+            }
+            lock.lock();
+        };
+    return change(shared.lexicon, tell);
 }
 
 std::size_t read(SharedLexicon& shared, const Path& path, const OnBadLine& on_bad_line) {
-    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& remember) {
-        return lexicon.read(path.name, remember);
-    });
+    return changing(shared, on_bad_line,
+                    [&](Lexicon& lexicon, const Lexicon::BadLine& tell) { return lexicon.read(path.name, tell); });
 }
 
 std::size_t merge(SharedLexicon& shared, const Path& path, const Text& source, bool extended,
                   const OnBadLine& on_bad_line) {
-    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& remember) {
-        return lexicon.merge(path.name, source.bytes, extended, remember);
+    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& tell) {
+        return lexicon.merge(path.name, source.bytes, extended, tell);
     });
 }
 
@@ -234,8 +232,9 @@ void bind_lexicon(py::module_& module) {
                                                               R"(Analyses of word forms, the first added first.
 
 Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
-and the lexicon is as it was; with on_bad_line, such lines are left out, and it is called afterwards with the number of
-each and what is wrong. Threads may share a lexicon.
+and the lexicon is as it was; with on_bad_line, such lines are left out: it is called with the number of each and what is
+wrong, before anything of the file is added. What it raises leaves the lexicon as it was. Threads may share a lexicon;
+Ctrl-C is noticed when a file is read.
 
 >>> lexicon = Lexicon("examples/lexicon.txt")
 >>> len(lexicon)

@@ -25,7 +25,8 @@ public:
     /// blank lines and a byte order mark are passed over. Returns the number of entries. Throws std::system_error when
     /// the file cannot be read, and std::invalid_argument, which names file and line, for a line of fewer than 22
     /// fields or not in UTF-8, unless on_bad_line is there to be told of it; for a file that is UTF-16 or compressed in
-    /// any case. The lexicon is then as it was.
+    /// any case. The lexicon is then as it was, as it is until on_bad_line has been told of the last line: what that
+    /// throws passes through.
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.

@@ -99,7 +99,8 @@ def test_bad_lines_are_told(folder):
     assert lexicon.read("bad", on_bad_line=lambda *bad: told.append(bad)) == 1
     assert [number for number, _ in told] == [2, 3] and "UTF-8" in told[1][1]
     with pytest.raises(ZeroDivisionError):
-        lexicon.read("bad", on_bad_line=lambda *_: 1 / 0)
+        lexicon.read("bad", on_bad_line=lambda *_: len(lexicon.lookup("amat")) / 0)
+    assert len(lexicon) == 1
 
 
 def raising_words():
