@@ -46,26 +46,29 @@ WeightTable weight_table(const py::object& weights) {
     return table;
 }
 
+std::size_t count_leaves(const LetterTrieNode& root) {
+    std::size_t leaves = 0;
+    std::vector<const LetterTrieNode*> pending{&root};
+    while (!pending.empty()) {
+        const LetterTrieNode* const node = pending.back();
+        pending.pop_back();
+        leaves += node->is_leaf();
+        pending.insert(pending.end(), node->get_children().begin(), node->get_children().end());
+    }
+    return leaves;
+}
+
 /// A trie that owns its nodes and does not change once it is made, so that threads may share it.
 class Trie {
 public:
     Trie(const py::iterable& words, const py::object& weights) : m_weights(weight_table(weights)) {
         for_each_text(words, [&](const std::string& word) { m_nodes->store_string(word, 0); });
+        m_size = count_leaves(*m_nodes);
     }
 
     bool contains(const Text& word) const { return m_nodes->lookup_string(word.bytes, 0) != 0; }
 
-    std::size_t size() const {
-        std::size_t words = 0;
-        std::vector<const LetterTrieNode*> pending{m_nodes.get()};
-        while (!pending.empty()) {
-            const LetterTrieNode* const node = pending.back();
-            pending.pop_back();
-            words += node->is_leaf();
-            pending.insert(pending.end(), node->get_children().begin(), node->get_children().end());
-        }
-        return words;
-    }
+    std::size_t size() const { return m_size; }
 
     py::list fuzzy(const Text& word, double budget, unsigned int start, double weight_end) const {
         if (std::isnan(budget) || std::isnan(weight_end))
@@ -137,6 +140,7 @@ private:
 
     std::unique_ptr<LetterTrieNode, DeleteAll> m_nodes{new LetterTrieNode()};
     WeightTable m_weights;
+    std::size_t m_size = 0; ///< in words
 };
 
 } // namespace
