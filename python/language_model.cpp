@@ -1,4 +1,5 @@
 #include "python/bindings.h"
+#include "python/locks.h"
 #include "utils/ArpaLM.h"
 
 #include <pybind11/stl.h>
@@ -45,7 +46,7 @@ void bind_language_model(py::module_& module) {
 >>> model.order, "dux" in model
 (2, True)
 )")
-        .def(py::init<const Path&>(), py::arg("path"), py::call_guard<py::gil_scoped_release>())
+        .def(py::init<const Path&>(), py::arg("path"), py::call_guard<Unlocked>())
         .def("score", &LanguageModel::score, py::arg("words"),
              R"(log10 of the probability of a sentence: its words and its end, after its begin.
 

@@ -1,5 +1,6 @@
 #include "utils/Lexicon.h"
 #include "python/bindings.h"
+#include "python/locks.h"
 
 #include <pybind11/stl.h>
 
@@ -78,7 +79,7 @@ auto reading(const SharedLexicon& shared, Use use) {
     auto& mutex = const_cast<std::shared_mutex&>(shared.mutex);
     std::shared_lock lock(mutex, std::try_to_lock);
     if (!lock.owns_lock()) {
-        const py::gil_scoped_release unlocked;
+        const Unlocked unlocked;
         lock.lock();
     }
     return use(shared.lexicon);
@@ -113,16 +114,13 @@ using OnBadLine = std::optional<py::function>;
 /// is told without the lock of the lexicon, and may do with it what it likes.
 template<typename Change>
 std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change change) {
-    const py::gil_scoped_release unlocked;
+    Unlocked unlocked;
     std::unique_lock lock(shared.mutex);
     Lexicon::BadLine tell;
     if (on_bad_line)
         tell = [&](std::size_t number, const std::string& reason) {
             lock.unlock();
-            {
-                const py::gil_scoped_acquire locked;
-                (*on_bad_line)(number, to_str(reason, "replace"));
-            }
+            unlocked.with_lock([&] { (*on_bad_line)(number, to_str(reason, "replace")); });
             lock.lock();
         };
     return change(shared.lexicon, tell);
@@ -166,7 +164,7 @@ void write(const SharedLexicon& shared, const Path& path) {
     const std::string name = path.name == "-" ? "./-" : path.name;
     if (name.empty())
         throw std::system_error(ENOENT, std::generic_category(), name);
-    const py::gil_scoped_release unlocked;
+    const Unlocked unlocked;
     const std::shared_lock lock(const_cast<std::shared_mutex&>(shared.mutex));
     shared.lexicon.write(name);
 }

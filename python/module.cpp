@@ -1,3 +1,4 @@
+#include "python/background.h"
 #include "python/bindings.h"
 
 #include <cerrno>
@@ -89,6 +90,7 @@ PYBIND11_MODULE(_zelvor, module) {
     bind_text(module);
     bind_trie(module);
     protect_functions(module);
+    py::module_::import("atexit").attr("register")(py::cpp_function(&end_background_runs));
     for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Report", "Rules", "TeiReader", "Trie"})
         module.attr(name).attr("__module__") = "zelvor"; // where users find them
 }

@@ -1,6 +1,6 @@
-#include "python/OwnedMutex.h"
 #include "python/TokenGatherer.h"
 #include "python/keywords.h"
+#include "python/locks.h"
 #include "python/report.h"
 #include "training/DocumentConverter.h"
 #include "training/Survey.h"
@@ -69,13 +69,13 @@ public:
         if (m_has_error || ++m_calls % CALLS_A_LOOK != 0 || Clock::now() < m_next_look)
             return m_has_error;
         m_next_look = Clock::now() + std::chrono::milliseconds(50);
-        const py::gil_scoped_acquire locked;
-        m_has_error = PyErr_CheckSignals() != 0;
+        m_has_error = unlocked->with_lock([] { return PyErr_CheckSignals() != 0; });
         return m_has_error;
     }
     bool has_error() const { return m_has_error; }
 
     std::string faults;
+    Unlocked* unlocked = nullptr; ///< the scope in which the document is read
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -139,7 +139,7 @@ TeiReader::TeiReader(ConversionTask task)
     options.columns = read_columns("form,lemma,pos,upos,feats");
     options.on_bad_token = ConversionOptions::BadToken::FAIL; // the overlong ones, of which only a part is read
     {
-        const py::gil_scoped_release unlocked;
+        const Unlocked unlocked;
         load_tables();
         find_inputs();
     }
@@ -209,7 +209,8 @@ void TeiReader::read_document() {
     m_next_sentence = 0;
     ReaderSink sink;
     {
-        const py::gil_scoped_release unlocked;
+        Unlocked unlocked;
+        sink.unlocked = &unlocked;
         try {
             m_converter->convert(path, m_next_document, sink);
         } catch (const ConversionStopped& error) {

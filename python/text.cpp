@@ -1,5 +1,6 @@
 #include "utils/common_utils/text.h"
 #include "python/bindings.h"
+#include "python/locks.h"
 #include "utils/common_utils/case.h"
 #include "utils/common_utils/distance.h"
 #include "utils/lexicon_utils/word_classes.h"
@@ -54,11 +55,11 @@ const Recogniser RECOGNISERS[] = {
 } // namespace
 
 void bind_text(py::module_& module) {
-    using Unlocked = py::call_guard<py::gil_scoped_release>;
+    using WithoutLock = py::call_guard<Unlocked>;
     module.def(
         "edit_distance",
         [](const Text& a, const Text& b, bool exchanges) { return levenshtein_distance(a.bytes, b.bytes, exchanges); },
-        py::arg("a"), py::arg("b"), py::kw_only(), py::arg("exchanges") = false, Unlocked(),
+        py::arg("a"), py::arg("b"), py::kw_only(), py::arg("exchanges") = false, WithoutLock(),
         R"(The least number of letters to put in, take out or replace that make b of a.
 
 With exchanges, one of two neighbours counts 1 as well, where both texts are compared at the same place. Time is the

@@ -1,4 +1,5 @@
 #include "python/bindings.h"
+#include "python/locks.h"
 #include "utils/LetterTrieNode.h"
 #include "utils/common_utils/utf8.h"
 
@@ -77,7 +78,7 @@ public:
         const std::unique_ptr<LetterTrieNode::FuzzyMatches, void (*)(LetterTrieNode::FuzzyMatches*)> owner(
             &found, LetterTrieNode::delete_mem);
         {
-            const py::gil_scoped_release unlocked;
+            const Unlocked unlocked;
             m_nodes->lookup_string_fuzzy_weighted(word.bytes, 0, budget, found, start, weight_end, &m_weights);
         }
         std::vector<const Match*> matches(found.begin(), found.end());
@@ -146,7 +147,7 @@ private:
 } // namespace
 
 void bind_trie(py::module_& module) {
-    using Unlocked = py::call_guard<py::gil_scoped_release>;
+    using WithoutLock = py::call_guard<Unlocked>;
     py::class_<Trie>(module, "Trie", R"(Words in a letter trie: finds misread words and splits compounds.
 
 weights are the costs of misreading one letter for another, such as {"ae": 0.3}; a pair that is not there costs 1. They
@@ -171,7 +172,7 @@ weights, or another weight_end than 1, time is exponential in the budget.
 >>> Trie(["agricola", "nauta"]).fuzzy("agricela", 2.0)
 [('agricola', 1.0)]
 )")
-        .def("segment", &Trie::segment, py::arg("word"), py::kw_only(), py::arg("limit") = 1000, Unlocked(),
+        .def("segment", &Trie::segment, py::arg("word"), py::kw_only(), py::arg("limit") = 1000, WithoutLock(),
              R"(All ways to split a word into stored words, fewest words first; more than limit are a ValueError.
 
 Words inside have at least three letters, the last one two.
@@ -191,7 +192,7 @@ Words inside have at least three letters, the last one two.
 >>> Trie(["amo", "amas", "amat", "amamus", "amant"]).mark_suffixes("amamus")
 'ama|mus'
 )")
-        .def("to_dot", &Trie::to_dot, py::arg("min_count") = 1, Unlocked(),
+        .def("to_dot", &Trie::to_dot, py::arg("min_count") = 1, WithoutLock(),
              R"(The trie as a Graphviz graph, without the nodes that fewer than min_count words reach.
 
 >>> print(Trie(["a"]).to_dot().splitlines()[0])

@@ -6,6 +6,8 @@ import inspect
 import os
 import pickle
 import signal
+import subprocess
+import sys
 import threading
 
 import pytest
@@ -316,6 +318,21 @@ def test_a_handler_of_signals_cannot_use_the_reader_that_it_interrupts(folder):
             next(reader)
     finally:
         signal.signal(signal.SIGALRM, before)
+
+
+@pytest.mark.parametrize("work", [
+    "zelvor.convert('a.xml', 'out')",
+    "zelvor.convert('a.xml', 'out', progress=lambda *_: any(0 for _ in iter(int, 1)))",
+    "[zelvor.edit_distance('a' * 3000, 'b' * 3000) for _ in iter(int, 1)]",
+    "zelvor.Lexicon().read('bad', on_bad_line=lambda *_: any(0 for _ in iter(int, 1)))",
+])
+def test_the_interpreter_may_end_meanwhile(folder, work):
+    document(folder, "a.xml", "<s><w pos='N'>a</w></s>" * 1_000_000)
+    (folder / "bad").write_text("1#2")
+    before = set(os.listdir())
+    ended = subprocess.run([sys.executable, "-c", "import threading, time, zelvor\n"
+                            f"threading.Thread(target=lambda: {work}, daemon=True).start()\ntime.sleep(0.1)"])
+    assert ended.returncode == 0 and set(os.listdir()) == before
 
 
 def test_threads_share_a_reader(folder):
