@@ -7,6 +7,7 @@
 #include <pybind11/stl.h>
 
 #include <array>
+#include <condition_variable>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
@@ -20,36 +21,42 @@ using Progress = std::optional<py::function>;
 /// What a run tells, from its threads to Python's.
 class Bulletin {
 public:
-    using Counts = std::array<std::uint64_t, 3>; ///< documents that have ended, all documents, tokens
+    explicit Bulletin(const Progress& progress) : m_progress(progress) {}
 
     ConversionObserver observer(std::stop_token cancelled) {
         const auto add = [this](const std::string& message) { messages.push_back(message); };
-        return {add, add,
-                [this](std::size_t ended, std::size_t all, std::uint64_t tokens) {
-                    const std::lock_guard lock(m_mutex);
-                    m_counts = {ended, all, tokens};
-                },
-                std::move(cancelled)};
+        const auto count = [this, cancelled](std::size_t ended, std::size_t all, std::uint64_t tokens) {
+            std::unique_lock lock(m_mutex);
+            m_counts = {ended, all, tokens};
+            if (ended == all && m_progress) // what that raises comes before the files appear
+                m_is_told.wait(lock, cancelled, [this] { return m_told == m_counts; });
+        };
+        return {add, add, count, cancelled};
     }
 
     /// Calls progress(ended, all, tokens) where these are others than before.
-    void tell(const Progress& progress) {
-        if (!progress)
+    void tell() {
+        if (!m_progress)
             return;
-        Counts counts;
-        {
-            const std::lock_guard lock(m_mutex);
-            counts = m_counts;
-        }
-        if (counts != m_told)
-            (*progress)(counts[0], counts[1], counts[2]);
+        std::unique_lock lock(m_mutex);
+        const Counts counts = m_counts;
+        if (counts == m_told)
+            return;
+        lock.unlock();
+        (*m_progress)(counts[0], counts[1], counts[2]);
+        lock.lock();
         m_told = counts;
+        m_is_told.notify_one();
     }
 
     std::vector<std::string> messages; ///< complete when the run has ended
 
 private:
+    using Counts = std::array<std::uint64_t, 3>; ///< documents that have ended, all documents, tokens
+
+    const Progress& m_progress;
     std::mutex m_mutex;
+    std::condition_variable_any m_is_told;
     Counts m_counts{}, m_told{};
 };
 
@@ -62,13 +69,13 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
     task.jobs = available_cores();
     if (!jobs.is_none())
         set_option("jobs", jobs, task);
-    Bulletin bulletin;
+    Bulletin bulletin(progress);
     const auto run = [&](std::stop_token cancelled) {
         return run_conversion(task, bulletin.observer(std::move(cancelled)));
     };
     ConversionResult result;
     try {
-        result = run_in_background(run, [&] { bulletin.tell(progress); });
+        result = run_in_background(run, [&] { bulletin.tell(); });
     } catch (const WrongOutput& error) {
         throw std::invalid_argument(error.what());
     }

@@ -14,6 +14,12 @@ void* refuse_uninitialised(std::size_t) {
     throw py::type_error("the object was never initialised: __init__ is missing");
 }
 
+/// Of what has no way of its own to be pickled and copied: older protocols of pickle would have pybind11 end the
+/// process.
+[[noreturn]] void refuse_to_reduce(const py::object& self) {
+    throw py::type_error("cannot pickle " + described(py::type::of(self)) + ", nor copy it");
+}
+
 /// Cuts the message of pybind11 for wrong arguments, which ends with all of them.
 void shorten_error() {
     constexpr Py_ssize_t max_length = 200;
@@ -76,6 +82,8 @@ void protect_functions(const py::module_& module) {
         if (!type)
             continue;
         type->operator_new = refuse_uninitialised;
+        if (!member.attr("__dict__").contains("__reduce__"))
+            member.attr("__reduce__") = py::cpp_function(&refuse_to_reduce, py::is_method(member));
         protect_all(member.attr("__dict__"));
     }
 }

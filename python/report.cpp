@@ -9,7 +9,7 @@ namespace {
 
 struct Report {
     py::dict sections;
-    std::string text;
+    py::str text;
     py::list messages;
 };
 
@@ -33,7 +33,7 @@ py::object make_report(const ConversionReport& report, int status, const std::ve
     Json::Value json = report.json();
     json["status"] = status;
     const std::string text = Json::writeString(Json::StreamWriterBuilder(), json);
-    Report made{py::module_::import("json").attr("loads")(text), report.text(), py::list()};
+    Report made{py::module_::import("json").attr("loads")(text), to_str(report.text()), py::list()};
     for (const std::string& message : messages)
         made.messages.append(to_str(message, "replace"));
     return py::cast(std::move(made));
@@ -46,6 +46,13 @@ void bind_report(py::module_& module) {
 >>> report.status, report.files["read"], report.messages
 (0, 1, [])
 )");
+    report.def(py::init([](const py::dict& sections, const py::str& text, const py::list& messages) {
+        return Report{sections, text, messages};
+    }));
+    report.def("__reduce__", [](const py::object& self) {
+        const auto& made = py::cast<const Report&>(self);
+        return py::make_tuple(py::type::of(self), py::make_tuple(made.sections, made.text, made.messages));
+    });
     for (const auto& [name, meaning] : SECTIONS)
         report.def_property_readonly(
             name, [name = name](const Report& self) { return py::object(self.sections[name]); }, meaning);
@@ -59,7 +66,7 @@ void bind_report(py::module_& module) {
 >>> sorted(convert("examples/families/latin.xml", "train.txt", sentence="ab").as_dict())
 ['files', 'left_out', 'lexicon', 'sentences', 'status', 'tokens', 'values']
 )")
-        .def("__str__", [](const Report& self) { return Text{self.text}; })
+        .def("__str__", [](const Report& self) { return self.text; })
         .def("__repr__", [](const Report& self) { return py::str("<Report {}>").format(self.sections); });
 }
 

@@ -2,6 +2,7 @@ import ast
 import copy
 import doctest
 import gc
+import glob
 import inspect
 import os
 import pickle
@@ -146,6 +147,8 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: zelvor.Entry()),
     (TypeError, lambda: copy.copy(Lexicon())),
     (TypeError, lambda: pickle.dumps(Trie(["a"]))),
+    (TypeError, lambda: pickle.dumps(Trie(["a"]), protocol=0)),
+    (TypeError, lambda: Lexicon().__reduce__()),
     (FileNotFoundError, lambda: Rules("missing")),
     (ValueError, lambda: Rules("binary")),
     (ValueError, lambda: Rules("examples/english/forms.xml")),
@@ -281,14 +284,17 @@ def test_a_fault_comes_behind_its_sentences(folder):
 
 def test_convert_tells_how_it_went(folder):
     good, bad, told = document(folder, "g.xml", "<s><w pos='N'>a</w></s>"), document(folder, "h.xml", "<s>"), []
+    with pytest.raises(ZeroDivisionError):
+        zelvor.convert(good, "none", report="none.json", progress=lambda ended, *_: 1 // (1 - ended))
     report = zelvor.convert(good, "-", jobs=1, columns=["form", "pos"], progress=lambda *counts: told.append(counts))
     assert (folder / "-").read_text() == "a N\n\n" and told == [(1, 1, 1)]
-    assert (report.status, report.tokens["written"], report.as_dict()["files"]["read"]) == (0, 1, 1)
+    for report in (report, pickle.loads(pickle.dumps(report, protocol=0)), copy.deepcopy(report)):
+        assert (report.status, report.tokens["written"], report.as_dict()["files"]["read"]) == (0, 1, 1)
     with pytest.warns(UserWarning, match="h.xml:1: "):
         assert zelvor.convert([good, bad], "out").status == 1
     with pytest.raises(ValueError, match="try sentence=ab") as stopped:
         zelvor.convert("examples/families/latin.xml", "none")
-    assert stopped.value.report.left_out["outside_sentence"] == 7 and not os.path.exists("none")
+    assert stopped.value.report.left_out["outside_sentence"] == 7 and not glob.glob("none*")
     with pytest.raises(RuntimeError, match="h.xml:1"):
         zelvor.convert(bad, "none", strict=True)
     found = zelvor.survey("examples/families/latin.xml", skip="note")

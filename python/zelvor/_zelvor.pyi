@@ -20,6 +20,7 @@ class Token(NamedTuple):
     line: int
 
 class Report:
+    def __init__(self, sections: dict[str, Any], text: str, messages: list[str]) -> None: ...
     @property
     def files(self) -> dict[str, int]: ...
     @property
