@@ -102,7 +102,10 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
 void bind_conversion(py::module_& module) {
     module.def("convert", &convert, py::arg("inputs"), py::arg("output"), py::arg("lexicon") = py::none(),
                py::arg("jobs") = py::none(), py::arg("progress") = py::none(),
-               R"(Writes the training data of documents, as the program tei2crf does, and returns a Report.
+               R"(convert(inputs, output, lexicon=None, jobs=None, progress=None, **options)
+--
+
+Writes the training data of documents, as the program tei2crf does, and returns a Report.
 
 inputs are files and folders, or one of them; options are those of the program, with "_" for "-" and "_" behind break:
 convert(..., break_=".", whole_sentences=True). Lists may be lists. Several documents are converted at the same time,

@@ -46,9 +46,12 @@ void bind_language_model(py::module_& module) {
 >>> model.order, "dux" in model
 (2, True)
 )")
-        .def(py::init<const Path&>(), py::arg("path"), py::call_guard<Unlocked>())
+        .def(py::init<const Path&>(), py::arg("path"), py::call_guard<Unlocked>(), "__init__(self, path)\n--\n\n")
         .def("score", &LanguageModel::score, py::arg("words"),
-             R"(log10 of the probability of a sentence: its words and its end, after its begin.
+             R"(score(self, words)
+--
+
+log10 of the probability of a sentence: its words and its end, after its begin.
 
 A word that the model lacks counts as <unk>, and where it lacks that, too, as -99.
 

@@ -238,16 +238,22 @@ Ctrl-C is noticed when a file is read.
 >>> len(lexicon)
 103
 )")
-        .def(py::init(&make), py::arg("path") = py::none())
+        .def(py::init(&make), py::arg("path") = py::none(), "__init__(self, path=None)\n--\n\n")
         .def("read", &read, py::arg("path"), py::kw_only(), py::arg("on_bad_line") = py::none(),
-             R"(Appends an entry for each line of a file and returns how many; nothing is folded.
+             R"(read(self, path, *, on_bad_line=None)
+--
+
+Appends an entry for each line of a file and returns how many; nothing is folded.
 
 >>> Lexicon().read("examples/lexicon.txt")
 103
 )")
         .def("merge", &merge, py::arg("path"), py::kw_only(), py::arg("source") = "", py::arg("extended") = true,
              py::arg("on_bad_line") = py::none(),
-             R"(Adds the entries of a file and returns how many were new.
+             R"(merge(self, path, *, source='', extended=True, on_bad_line=None)
+--
+
+Adds the entries of a file and returns how many were new.
 
 An entry that describes an analysis that is there is folded into it: it fills its gaps (mood, tense and voice excepted)
 and adds its sources. Unless extended, only lemma, form and part of speech are compared. source is added to the sources
@@ -261,12 +267,18 @@ of form, lemma and part of speech.
 )")
         .def("lookup", &look_up, py::arg("form") = py::none(), py::kw_only(), py::arg("lemma") = py::none(),
              py::arg("id") = py::none(),
-             R"(The entries of a form, of a lemma, or of a word-form id (at most one), in the order added.
+             R"(lookup(self, form=None, *, lemma=None, id=None)
+--
+
+The entries of a form, of a lemma, or of a word-form id (at most one), in the order added.
 
 >>> [entry.form for entry in Lexicon("examples/lexicon.txt").lookup(lemma="pars")]
 ['partes', 'partes', 'partem']
 )")
-        .def("entries", entries, R"(All entries, in the order added.
+        .def("entries", entries, R"(entries(self)
+--
+
+All entries, in the order added.
 
 >>> next(Lexicon("examples/lexicon.txt").entries())
 <Entry Gallia: Gallia Noun>
@@ -277,7 +289,10 @@ of form, lemma and part of speech.
                  return reading(self, [](const Lexicon& lexicon) { return lexicon.size(); });
              })
         .def("write", &write, py::arg("path"),
-             R"(Writes a line for each entry. The file is there when it is complete, and not before.
+             R"(write(self, path)
+--
+
+Writes a line for each entry. The file is there when it is complete, and not before.
 
 A value with # or a line end is a ValueError, since it could not be read back.
 

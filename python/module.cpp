@@ -76,7 +76,7 @@ void require_readable(const std::string& filename) {
 PYBIND11_MODULE(_zelvor, module) {
     using namespace zelvor::python;
     py::options options;
-    options.disable_function_signatures(); // the stub has them
+    options.disable_function_signatures(); // docstrings begin with those that Python reads; the stub has types
     py::register_local_exception_translator(translate);
     module.doc() = "The compiled part of zelvor.";
     module.attr("__version__") = ZELVOR_VERSION;

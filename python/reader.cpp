@@ -308,7 +308,10 @@ True
         .def("__next__", &TeiReader::next)
         .def_property_readonly("report", &TeiReader::report, "A Report of what was read and left out so far.");
     module.def("read_tei", &read_tei, py::arg("paths"), py::arg("lexicon") = py::none(),
-               R"(Yields the sentences of TEI documents, lists of Token, in the order of the paths.
+               R"(read_tei(paths, lexicon=None, **options)
+--
+
+Yields the sentences of TEI documents, lists of Token, in the order of the paths.
 
 paths are files and folders, or one of them; options are those of tei2crf that say what to read: see convert. All tokens
 with a form are there, those without a tag too. It keeps one document at a time, which it reads without Python's lock.

@@ -47,8 +47,10 @@ void bind_report(py::module_& module) {
 (0, 1, [])
 )");
     report.def(py::init([](const py::dict& sections, const py::str& text, const py::list& messages) {
-        return Report{sections, text, messages};
-    }));
+                   return Report{sections, text, messages};
+               }),
+               "__init__(self, sections, text, messages)\n--\n\n", py::arg("sections"), py::arg("text"),
+               py::arg("messages"));
     report.def("__reduce__", [](const py::object& self) {
         const auto& made = py::cast<const Report&>(self);
         return py::make_tuple(py::type::of(self), py::make_tuple(made.sections, made.text, made.messages));
@@ -61,7 +63,10 @@ void bind_report(py::module_& module) {
             "messages", [](const Report& self) { return self.messages; }, "What was wrong, a line each.")
         .def(
             "as_dict", [](const Report& self) { return py::module_::import("copy").attr("deepcopy")(self.sections); },
-            R"(All of it but the messages, as the JSON report has it.
+            R"(as_dict(self)
+--
+
+All of it but the messages, as the JSON report has it.
 
 >>> sorted(convert("examples/families/latin.xml", "train.txt", sentence="ab").as_dict())
 ['files', 'left_out', 'lexicon', 'sentences', 'status', 'tokens', 'values']

@@ -71,10 +71,13 @@ appended. A line that is hardly meant as a rule is a ValueError with file and li
 >>> len(Rules("examples/english/plurals.txt")) > 0
 True
 )")
-        .def(py::init<const Path&>(), py::arg("path"))
+        .def(py::init<const Path&>(), py::arg("path"), "__init__(self, path)\n--\n\n")
         .def("__len__", &Rules::size)
         .def("apply", &Rules::apply, py::arg("lemma"),
-             R"(The forms that the rules make of a lemma, longest premise first.
+             R"(apply(self, lemma)
+--
+
+The forms that the rules make of a lemma, longest premise first.
 
 >>> Rules("examples/english/plurals.txt").apply("party")
 ['parties']

@@ -90,7 +90,10 @@ py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
 void bind_survey(py::module_& module) {
     module.def("survey", &survey, py::arg("inputs"), py::kw_only(), py::arg("skip") = py::none(),
                py::arg("hidden") = false,
-               R"(What is in documents of which nothing is known, as a dict, and the options that fit them.
+               R"(survey(inputs, *, skip=None, hidden=False)
+--
+
+What is in documents of which nothing is known, as a dict, and the options that fit them.
 
 token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences;
 options are keywords for read_tei and convert, columns one for convert; obstacle says why there is no training data in

@@ -60,7 +60,10 @@ void bind_text(py::module_& module) {
         "edit_distance",
         [](const Text& a, const Text& b, bool exchanges) { return levenshtein_distance(a.bytes, b.bytes, exchanges); },
         py::arg("a"), py::arg("b"), py::kw_only(), py::arg("exchanges") = false, WithoutLock(),
-        R"(The least number of letters to put in, take out or replace that make b of a.
+        R"(edit_distance(a, b, *, exchanges=False)
+--
+
+The least number of letters to put in, take out or replace that make b of a.
 
 With exchanges, one of two neighbours counts 1 as well, where both texts are compared at the same place. Time is the
 product of the lengths.
@@ -69,7 +72,10 @@ product of the lengths.
 1
 )");
     module.def("normalize_case", &normalize_case, py::arg("text"), py::arg("to") = "lower",
-               R"(The text in lower or upper case, or with the first letter (title: of every word) changed.
+               R"(normalize_case(text, to='lower')
+--
+
+The text in lower or upper case, or with the first letter (title: of every word) changed.
 
 to is lower, upper, title, capitalized or uncapitalized. A result may be longer than the text.
 
@@ -79,7 +85,7 @@ to is lower, upper, title, capitalized or uncapitalized. A result may be longer 
     for (const Recogniser& recogniser : RECOGNISERS)
         module.def(
             recogniser.name, [test = recogniser.test](const Text& text) { return test(text.bytes); }, py::arg("text"),
-            recogniser.doc);
+            (std::string(recogniser.name) + "(text)\n--\n\n" + recogniser.doc).c_str());
 }
 
 } // namespace zelvor::python

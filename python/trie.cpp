@@ -158,12 +158,16 @@ word, and the wrong one; so they have no say in a first letter. A trie does not 
 >>> "agri" in trie, len(trie)
 (True, 3)
 )")
-        .def(py::init<const py::iterable&, const py::object&>(), py::arg("words"), py::arg("weights") = py::none())
+        .def(py::init<const py::iterable&, const py::object&>(), py::arg("words"), py::arg("weights") = py::none(),
+             "__init__(self, words, weights=None)\n--\n\n")
         .def("__contains__", &Trie::contains)
         .def("__len__", &Trie::size)
         .def("fuzzy", &Trie::fuzzy, py::arg("word"), py::arg("budget") = 1.0, py::kw_only(), py::arg("start") = 0,
              py::arg("weight_end") = 1.0,
-             R"(The stored words within a budget of edits, each with the budget left, best first.
+             R"(fuzzy(self, word, budget=1.0, *, start=0, weight_end=1.0)
+--
+
+The stored words within a budget of edits, each with the budget left, best first.
 
 A letter that is wrong, missing, too many, or exchanged with the next costs 1 (see weights); one that is too many behind
 a stored word costs weight_end. The last edit may overdraw. Edits begin at the letter with the number start. With
@@ -173,7 +177,10 @@ weights, or another weight_end than 1, time is exponential in the budget.
 [('agricola', 1.0)]
 )")
         .def("segment", &Trie::segment, py::arg("word"), py::kw_only(), py::arg("limit") = 1000, WithoutLock(),
-             R"(All ways to split a word into stored words, fewest words first; more than limit are a ValueError.
+             R"(segment(self, word, *, limit=1000)
+--
+
+All ways to split a word into stored words, fewest words first; more than limit are a ValueError.
 
 Words inside have at least three letters, the last one two.
 
@@ -181,19 +188,28 @@ Words inside have at least three letters, the last one two.
 [['agricultura'], ['agri', 'cultura']]
 )")
         .def("longest_prefix", &Trie::longest_prefix, py::arg("word"),
-             R"(The longest stored word that the word begins with, be it the whole; None without any.
+             R"(longest_prefix(self, word)
+--
+
+The longest stored word that the word begins with, be it the whole; None without any.
 
 >>> Trie(["agri", "agricola"]).longest_prefix("agricultura")
 'agri'
 )")
         .def("mark_suffixes", &Trie::mark_suffixes, py::arg("word"),
-             R"(What the trie knows of the word from its begin, with | where less than a third of its words go on so.
+             R"(mark_suffixes(self, word)
+--
+
+What the trie knows of the word from its begin, with | where less than a third of its words go on so.
 
 >>> Trie(["amo", "amas", "amat", "amamus", "amant"]).mark_suffixes("amamus")
 'ama|mus'
 )")
         .def("to_dot", &Trie::to_dot, py::arg("min_count") = 1, WithoutLock(),
-             R"(The trie as a Graphviz graph, without the nodes that fewer than min_count words reach.
+             R"(to_dot(self, min_count=1)
+--
+
+The trie as a Graphviz graph, without the nodes that fewer than min_count words reach.
 
 >>> print(Trie(["a"]).to_dot().splitlines()[0])
 digraph trie {
