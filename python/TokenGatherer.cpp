@@ -9,6 +9,12 @@ TokenOutcome TokenGatherer::add(const Token& token) {
         return {false, false, ConversionReport::NO_FORM, {}};
     if (token.flaw == ConversionReport::MAPPED_AWAY)
         return {false, false, token.flaw, {}};
+    if (m_format) {
+        const TokenOutcome written = m_format->add(token);
+        m_format->clear();
+        if (!written.is_written)
+            return written;
+    }
     const XmlPlace at = place();
     document->tokens.push_back({document->ends.size(), file_of(at.file), at.line});
     for (const std::string_view text : {token.form, token.lemma, token.pos, token.upos, token.feats})

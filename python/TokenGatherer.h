@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelvor::python {
@@ -41,10 +42,13 @@ struct GatheredDocument {
     std::vector<std::string> files; ///< the document is the first
 };
 
-/// Gathers what would be written.
+/// Gathers the tokens with a form.
 class TokenGatherer : public SentenceFormat {
 public:
     using Place = std::function<XmlPlace()>;
+
+    /// A format makes it gather those only that would be written in this.
+    explicit TokenGatherer(std::unique_ptr<SentenceFormat> format) : m_format(std::move(format)) {}
 
     void begin_document(const std::string& path, std::size_t /*number*/) override {
         document = std::make_shared<GatheredDocument>();
@@ -65,6 +69,7 @@ public:
 private:
     std::size_t file_of(const std::string& file);
 
+    std::unique_ptr<SentenceFormat> m_format;
     std::size_t m_begin = 0; ///< the first token of the sentence
 };
 

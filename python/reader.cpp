@@ -2,11 +2,13 @@
 #include "python/keywords.h"
 #include "python/locks.h"
 #include "python/report.h"
+#include "training/ColumnLines.h"
 #include "training/DocumentConverter.h"
 #include "training/Survey.h"
 #include "training/TagLexicon.h"
 #include "training/TagMap.h"
 #include "training/no_token.h"
+#include "training/shown_text.h"
 #include "training/tei_inputs.h"
 
 #include <array>
@@ -113,6 +115,7 @@ private:
     py::object make_token(const GatheredDocument& document, std::size_t number);
 
     ConversionTask m_task;
+    ConversionOptions m_line_options; ///< of the lines that whole sentences could be written in
     TagLexicon m_lexicon;
     TagMap m_map;
     std::vector<std::string> m_documents, m_messages;
@@ -137,13 +140,15 @@ TeiReader::TeiReader(ConversionTask task)
     ConversionOptions& options = m_task.options;
     options.format = ConversionOptions::Format::TOKENS;
     options.columns = read_columns("form,lemma,pos,upos,feats");
-    options.on_bad_token = ConversionOptions::BadToken::FAIL; // the overlong ones, of which only a part is read
     {
         const Unlocked unlocked;
         load_tables();
         find_inputs();
     }
-    auto gatherer = std::make_unique<TokenGatherer>();
+    m_line_options = options;
+    m_line_options.columns = read_columns("form,pos");
+    auto gatherer = std::make_unique<TokenGatherer>(
+        options.whole_sentences ? std::make_unique<ColumnLines>(m_line_options) : nullptr);
     m_gatherer = gatherer.get();
     m_converter = std::make_unique<DocumentConverter>(
         options,
@@ -220,8 +225,7 @@ void TeiReader::read_document() {
         }
     }
     if (sink.has_error()) {
-        m_next_document = m_documents.size(); // there is no going on behind a gap
-        m_has_ended = true;
+        end(); // there is no going on behind a gap
         throw py::error_already_set();
     }
     m_document = std::exchange(m_gatherer->document, nullptr);
@@ -232,11 +236,18 @@ void TeiReader::read_document() {
         m_survey.add(*survey);
 }
 
+void TeiReader::end() {
+    m_next_document = m_documents.size();
+    m_has_ended = true;
+}
+
 /// An OSError where the document cannot be read at all.
 void TeiReader::raise_fault() {
-    const std::string fault = std::exchange(m_fault, {});
+    const std::string fault = shown_path(std::exchange(m_fault, {}));
     m_messages.push_back(fault);
-    const std::string& path = m_documents[m_next_document - 1];
+    const std::string path = m_documents[m_next_document - 1];
+    if (m_task.options.strict)
+        end();
     const int error = !m_document || m_document->sentences.empty() ? reading_error(path) : 0;
     if (error != 0)
         throw std::system_error(error, std::generic_category(), path);
@@ -318,7 +329,9 @@ with a form are there, those without a tag too. It keeps one document at a time,
 
 A document with a fault, such as XML that is not well-formed, is a ValueError with file and line, behind the sentences
 that could be read; one that cannot be read is an OSError. Whoever calls next() again goes on with the next document.
-Documents without any token to read end with a UserWarning that says why.
+With strict, that is the end. Documents without any token to read end with a UserWarning that says why.
+
+whole_sentences leaves out what convert leaves out: sentences with a token that has no tag, or cannot stand in a line.
 
 >>> for sentence in read_tei("examples/families/latin.xml", sentence="ab"):
 ...     print(" ".join(token.form for token in sentence))

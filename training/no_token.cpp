@@ -146,6 +146,8 @@ std::string Explanation::by_reasons() const {
 
 std::string Explanation::remedy(ConversionReport::Count reason) const {
     const std::string survey = "--survey tells what there is";
+    if (reason == ConversionReport::BREAKS_LINE && m_options.format == ConversionOptions::Format::TOKENS)
+        return "each is longer than 1 MiB";
     if (reason == ConversionReport::BREAKS_LINE)
         return m_options.on_bad_token == ConversionOptions::BadToken::REPLACE
                    ? "their lines are longer than trainers read"

@@ -275,6 +275,8 @@ def test_read_tei_yields_what_is_there(folder):
         [("ex", "", "P", "", "", {"pos": "P"}, str(folder / "part.xml"), 2)]]
     assert (reader.report.tokens["written"], reader.report.left_out["no_form"]) == (4, 1)
     assert list(zelvor.read_tei(path, whole_sentences=True, pos=["x", "pos"]))[0][0].pos == "P"
+    whole = zelvor.convert("examples/corpus", "out", "examples/lexicon.txt", whole_sentences=True).sentences["written"]
+    assert len(list(zelvor.read_tei("examples/corpus", "examples/lexicon.txt", whole_sentences=True))) == whole == 8
     latin = next(zelvor.read_tei("examples/corpus", "examples/lexicon.txt"))[1]
     assert (latin.form, latin.lemma, latin.pos, latin.upos) == ("est", "sum", "Verb", "VERB")
 
@@ -290,10 +292,15 @@ def test_a_fault_comes_behind_its_sentences(folder):
         next(reader)
     with pytest.raises(FileNotFoundError):
         next(reader)
-    assert next(reader)[0].form == "b"
-    with pytest.raises(ValueError, match=r"4\.xml:1: breaks its line"):
+    assert [token.form for sentence in reader for token in sentence] == ["b", "c"]
+    assert (len(reader.report.messages), reader.report.status, reader.report.left_out["breaks_line"]) == (2, 1, 1)
+    reader = zelvor.read_tei([names[0], names[2]], strict=True)
+    assert next(reader)[0].form == "a"
+    with pytest.raises(ValueError, match=r"1\.xml:2: "):
         next(reader)
-    assert list(reader) == [] and len(reader.report.messages) == 3 and reader.report.status == 1
+    assert list(reader) == []
+    with pytest.warns(UserWarning, match="none of them written: 1 breaks its line; each"):
+        assert list(zelvor.read_tei(document(folder, "5.xml", "<s><w>" + "x" * 1_100_000 + "</w></s>"))) == []
     with pytest.warns(UserWarning, match="try sentence=ab"):
         assert list(zelvor.read_tei("examples/families/latin.xml")) == []
 
