@@ -72,8 +72,8 @@ namespace zelvor::python {
 /// Throws std::system_error, which is an OSError in Python, for a file that could not be read.
 void require_readable(const std::string& filename);
 
-/// The exception of Python for one of C++: an OSError of the right subclass, a ValueError of std::invalid_argument, a
-/// MemoryError, else a RuntimeError. Of the message, what is no UTF-8 is replaced.
+/// The exception of Python for one of C++: an OSError of the right subclass, a ValueError of std::invalid_argument
+/// and ConversionStopped, a MemoryError, else a RuntimeError. Of the message, what is no UTF-8 is replaced.
 py::object exception_of(const std::exception_ptr& thrown, std::string_view message);
 
 /// As `raise` does.

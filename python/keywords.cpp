@@ -56,7 +56,7 @@ void set(const ConversionSetting& setting, const py::object& value, ConversionTa
         setting.set(task, setting.kind == Kind::FLAG ? "" : value_of(setting.kind, value));
     } catch (const std::invalid_argument& error) {
         throw std::invalid_argument("wrong value of " + keyword_of(setting.name) + ": " + described(value) + ": " +
-                                    error.what());
+                                    with_keywords(error.what()));
     }
 }
 

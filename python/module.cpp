@@ -1,5 +1,6 @@
 #include "python/background.h"
 #include "python/bindings.h"
+#include "training/Sentences.h"
 
 #include <cerrno>
 #include <fstream>
@@ -42,6 +43,8 @@ py::object exception_of(const std::exception_ptr& thrown, std::string_view messa
     } catch (const std::system_error& error) {
         return os_error(error);
     } catch (const std::invalid_argument&) {
+        return make(PyExc_ValueError);
+    } catch (const ConversionStopped&) { // by what is in a file
         return make(PyExc_ValueError);
     } catch (const std::bad_alloc&) {
         return make(PyExc_MemoryError);

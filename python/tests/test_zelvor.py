@@ -318,8 +318,10 @@ def test_convert_tells_how_it_went(folder):
     with pytest.raises(ValueError, match="try sentence=ab") as stopped:
         zelvor.convert("examples/families/latin.xml", "none")
     assert stopped.value.report.left_out["outside_sentence"] == 7 and not glob.glob("none*")
-    with pytest.raises(RuntimeError, match="h.xml:1"):
-        zelvor.convert(bad, "none", strict=True)
+    with pytest.raises(ValueError, match="a-l b.xml:1: "):
+        zelvor.convert(document(folder, "a-l b.xml", "<s>"), "none")
+    with pytest.raises(ValueError, match="and with lexicon case"):
+        zelvor.convert(good, "none", columns="foo")
     found = zelvor.survey("examples/families/latin.xml", skip="note")
     assert zelvor.convert("examples/families/latin.xml", "out", columns=found["columns"], **found["options"]).status == 0
 
