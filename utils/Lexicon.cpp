@@ -1,14 +1,13 @@
 #include "utils/Lexicon.h"
 
 #include "utils/common_utils/encoding.h"
+#include "utils/common_utils/files.h"
 #include "utils/common_utils/output_file.h"
 #include "utils/common_utils/text.h"
 #include "utils/common_utils/utf8.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdlib>
-#include <fstream>
+#include <charconv>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
@@ -37,17 +36,6 @@ std::size_t hash_of(std::string_view text) { return std::hash<std::string_view>(
 std::size_t analysis_hash(const LexicalEntry& entry) {
     return hash_of(entry.BaseLexicalEntry::get_lemma()) * 31 +
            hash_of(entry.BaseLexicalEntry::get_abbreviated_word_form());
-}
-
-std::string read_file(const std::string& filename) {
-    errno = 0;
-    std::ifstream file(filename, std::ios::binary);
-    std::ostringstream content;
-    if (file && file.peek() != std::ifstream::traits_type::eof())
-        content << file.rdbuf();
-    if (!file.is_open() || file.bad() || content.fail())
-        throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
-    return std::move(content).str();
 }
 
 /// Empty for a line that can be read.
@@ -135,7 +123,8 @@ std::size_t Lexicon::read(const std::string& filename, const BadLine& on_bad_lin
 
 std::size_t Lexicon::merge(const std::string& filename, const std::string& source, bool extended_comparison,
                            const BadLine& on_bad_line) {
-    if (source.find_first_of(std::string_view("#,\r\n\0", 5)) != std::string::npos || !is_valid_utf8(source))
+    if (source.find_first_of(std::string_view("#,\r\n\0", 5)) != std::string::npos || trimmed(source) != source ||
+        !is_valid_utf8(source))
         throw std::invalid_argument("no name of a source: " + excerpt(source));
     const std::size_t size_before = size();
     for_each_entry(filename, on_bad_line, [&](std::unique_ptr<LexicalEntry> entry) {
@@ -163,7 +152,7 @@ bool Lexicon::add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison)
         append(std::move(entry));
         return true;
     }
-    const bool had_id = !m_owned[target]->get_word_form_id().empty();
+    const bool had_id = id_of(*m_owned[target]).has_value();
     entry->fold_into(*m_owned[target]);
     if (!had_id)
         index_id(*m_owned[target], target);
@@ -184,8 +173,15 @@ void Lexicon::append(std::unique_ptr<LexicalEntry> entry) {
 }
 
 void Lexicon::index_id(const LexicalEntry& entry, std::uint32_t number) {
-    if (const std::string id = entry.get_word_form_id(); !id.empty())
-        m_by_id.enter(static_cast<std::size_t>(std::atoi(id.c_str())), number);
+    if (const auto id = id_of(entry))
+        m_by_id.enter(static_cast<std::size_t>(*id), number);
+}
+
+std::optional<int> Lexicon::id_of(const LexicalEntry& entry) {
+    const std::string text = entry.get_word_form_id();
+    int id = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(id) : std::nullopt;
 }
 
 const LexicalEntry* Lexicon::find_id(int word_form_id) const {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -30,8 +31,8 @@ public:
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.
-    /// Returns how many were new. A source with "#", ",", NUL or a line end, or not in UTF-8, throws
-    /// std::invalid_argument.
+    /// Returns how many were new. A source with "#", ",", NUL or a line end, with blanks at its ends, or not in UTF-8,
+    /// throws std::invalid_argument.
     std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
                       const BadLine& on_bad_line = {});
 
@@ -40,6 +41,9 @@ public:
 
     const Entries& entries() const { return m_entries; }
     std::size_t size() const { return m_entries.size(); }
+
+    /// The word-form id of an entry; none where it has none, or one that is no int.
+    static std::optional<int> id_of(const LexicalEntry& entry);
 
     /// The first entry that had this word-form id, or null. Entries without an id are not found, not even by 0.
     const LexicalEntry* find_id(int word_form_id) const;

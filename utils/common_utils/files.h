@@ -5,23 +5,41 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <system_error>
+#include <utility>
 
 #include <dirent.h>
 #include <sys/stat.h>
 
 namespace zelvor {
 
-/// Calls use(line) for every line of a text file, without its line end ("\n"; a "\r" before it stays). False when the
-/// file cannot be opened; a directory opens and has no lines.
+/// Calls use(line) for every line of a text, without its line end ("\n"; a "\r" before it stays).
+template<typename Use>
+void for_each_line(std::istream& text, Use use) {
+    for (std::string line; std::getline(text, line);)
+        use(line);
+}
+
+/// The same for a file. False when it cannot be opened; a directory opens and has no lines.
 template<typename Use>
 bool for_each_line(const std::string& filename, Use use) {
     std::ifstream file(filename);
-    if (!file)
-        return false;
-    for (std::string line; std::getline(file, line);)
-        use(line);
-    return true;
+    for_each_line(file, use);
+    return file.is_open();
+}
+
+/// The whole of a file. Throws std::system_error where it cannot be read.
+inline std::string read_file(const std::string& filename) {
+    errno = 0;
+    std::ifstream file(filename, std::ios::binary);
+    std::ostringstream content;
+    if (file && file.peek() != std::ifstream::traits_type::eof())
+        content << file.rdbuf();
+    if (!file.is_open() || file.bad() || content.fail())
+        throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
+    return std::move(content).str();
 }
 
 /// Why a folder was not read: error numbers, 0 where there is none.
