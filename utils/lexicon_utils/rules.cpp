@@ -115,13 +115,18 @@ std::pair<const Rule*, std::string> first_applying(const std::vector<Rule*>& rul
 
 bool length_greater(Rule* p1, Rule* p2) { return premise_length(p1) >= premise_length(p2); }
 
-void parse_rules(const std::string& rule_filename, std::vector<Rule*>& vec_prules, log4cpp::Category* pmain_cat) {
-    for_each_line(rule_filename, [&](const std::string& line) {
+void parse_rules(std::istream& text, std::vector<Rule*>& vec_prules) {
+    for_each_line(text, [&](const std::string& line) {
         const std::size_t blank = line.find(' ');
         const std::string premise = blank == std::string::npos ? "" : line.substr(blank + 1);
         vec_prules.push_back(new Rule(line.substr(0, blank), premise, nullptr));
     });
     std::ranges::stable_sort(vec_prules, std::ranges::greater(), premise_length);
+}
+
+void parse_rules(const std::string& rule_filename, std::vector<Rule*>& vec_prules, log4cpp::Category* pmain_cat) {
+    std::ifstream file(rule_filename);
+    parse_rules(file, vec_prules);
     log_message(pmain_cat, {" number of rules in ", rule_filename, ": ", std::to_string(vec_prules.size())});
 }
 

@@ -2,6 +2,7 @@
 
 #include "utils/Rule.h"
 
+#include <istream>
 #include <map>
 #include <set>
 #include <string>
@@ -28,6 +29,7 @@ bool length_greater(Rule* p1, Rule* p2);
 /// then sorts the whole list by descending premise length, stably. A missing file yields no rule; the count is logged
 /// all the same.
 void parse_rules(const std::string& rule_filename, std::vector<Rule*>& vec_prules, log4cpp::Category* pmain_cat);
+void parse_rules(std::istream& text, std::vector<Rule*>& vec_prules);
 
 /// Reads a rule-and-feature file. Of two parts of speech with one name the first counts. All that is made here stays
 /// allocated until somebody frees it. An unreadable file leaves the map as it is. Whatever the XML library complains
