@@ -9,7 +9,7 @@ if(NOT DEFINED Python_EXECUTABLE AND NOT DEFINED ENV{VIRTUAL_ENV} AND EXISTS /et
     set(Python_EXECUTABLE /usr/bin/python3)
 endif()
 set(required QUIET)
-if(ZELVOR_PYTHON STREQUAL "ON")
+if(NOT ZELVOR_PYTHON STREQUAL "AUTO")
     set(required REQUIRED)
 endif()
 find_package(Python 3.9 ${required} COMPONENTS Interpreter Development.Module)
