@@ -4,7 +4,9 @@
 
 #include <pybind11/stl.h>
 
+#include <cerrno>
 #include <stdexcept>
+#include <system_error>
 #include <vector>
 
 namespace zelvor::python {
@@ -15,8 +17,14 @@ class LanguageModel {
 public:
     explicit LanguageModel(const Path& path) {
         require_readable(path.name);
-        if (!m_model.load(path.name))
+        without_lock([&](Unlocked&) {
+            errno = 0;
+            if (m_model.load(path.name))
+                return;
+            if (errno == EINTR)
+                throw std::system_error(errno, std::generic_category(), path.name);
             throw std::invalid_argument(m_model.get_error());
+        });
     }
 
     double score(const py::iterable& words) {
@@ -46,7 +54,7 @@ void bind_language_model(py::module_& module) {
 >>> model.order, "dux" in model
 (2, True)
 )")
-        .def(py::init<const Path&>(), py::arg("path"), py::call_guard<Unlocked>(), "__init__(self, path)\n--\n\n")
+        .def(py::init<const Path&>(), py::arg("path"), "__init__(self, path)\n--\n\n")
         .def("score", &LanguageModel::score, py::arg("words"),
              R"(score(self, words)
 --

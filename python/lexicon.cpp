@@ -4,11 +4,11 @@
 
 #include <pybind11/stl.h>
 
-#include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <shared_mutex>
+#include <utility>
 #include <vector>
 
 namespace zelvor::python {
@@ -114,16 +114,17 @@ using OnBadLine = std::optional<py::function>;
 /// is told without the lock of the lexicon, and may do with it what it likes.
 template<typename Change>
 std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change change) {
-    Unlocked unlocked;
-    std::unique_lock lock(shared.mutex);
-    Lexicon::BadLine tell;
-    if (on_bad_line)
-        tell = [&](std::size_t number, const std::string& reason) {
-            lock.unlock();
-            unlocked.with_lock([&] { (*on_bad_line)(number, to_str(reason, "replace")); });
-            lock.lock();
-        };
-    return change(shared.lexicon, tell);
+    return without_lock([&](Unlocked& unlocked) {
+        std::unique_lock lock(shared.mutex);
+        Lexicon::BadLine tell;
+        if (on_bad_line)
+            tell = [&](std::size_t number, const std::string& reason) {
+                lock.unlock();
+                unlocked.with_lock([&] { (*on_bad_line)(number, to_str(reason, "replace")); });
+                lock.lock();
+            };
+        return change(shared.lexicon, tell);
+    });
 }
 
 std::size_t read(SharedLexicon& shared, const Path& path, const OnBadLine& on_bad_line) {
@@ -145,16 +146,27 @@ std::shared_ptr<SharedLexicon> make(const std::optional<Path>& path) {
     return owner;
 }
 
+/// None for what is greater or less than an int.
+std::optional<int> int_of(const py::object& number) {
+    const auto index = py::reinterpret_steal<py::object>(PyNumber_Index(number.ptr()));
+    if (!index)
+        throw py::error_already_set();
+    int overflow = 0;
+    const long value = PyLong_AsLongAndOverflow(index.ptr(), &overflow);
+    return overflow == 0 && std::in_range<int>(value) ? std::optional(static_cast<int>(value)) : std::nullopt;
+}
+
 std::vector<Entry> look_up(const SharedLexicon& shared, const std::optional<Text>& form,
-                           const std::optional<Text>& lemma, const std::optional<int>& id) {
-    if (form.has_value() + lemma.has_value() + id.has_value() != 1)
+                           const std::optional<Text>& lemma, const py::object& id) {
+    if (form.has_value() + lemma.has_value() + !id.is_none() != 1)
         throw py::type_error("lookup needs one of form, lemma and id");
+    const std::optional<int> number = id.is_none() ? std::nullopt : int_of(id);
     return entries_of(shared.shared_from_this(), reading(shared, [&](const Lexicon& lexicon) {
                           if (form)
                               return lexicon.find_form(form->bytes);
                           if (lemma)
                               return lexicon.find_lemma(lemma->bytes);
-                          const LexicalEntry* const entry = lexicon.find_id(*id);
+                          const LexicalEntry* const entry = number ? lexicon.find_id(*number) : nullptr;
                           return entry ? Lexicon::Entries{entry} : Lexicon::Entries();
                       }));
 }
@@ -170,8 +182,7 @@ void write(const SharedLexicon& shared, const Path& path) {
 }
 
 std::optional<int> id_of(const Entry& entry) {
-    const Text id = entry.text(&LexicalEntry::get_word_form_id);
-    return id.bytes.empty() ? std::nullopt : std::optional(std::atoi(id.bytes.c_str()));
+    return reading(*entry.owner, [&](const Lexicon&) { return Lexicon::id_of(*entry.entry); });
 }
 
 void bind_entry(py::module_& module) {
@@ -183,7 +194,8 @@ It keeps its lexicon alive, and changes only by what a merge folds into it.
 >>> entry.lemma, entry.case, entry.form_sources
 ('pars', 'ACCUSATIVE', ['example'])
 )");
-    entry.def_property_readonly("id", id_of, "The word-form id of the lexicon, or None.");
+    entry.def_property_readonly("id", id_of,
+                                "The word-form id of the lexicon; None without, or where it is no number below 2^31.");
     for (const auto& [name, field, meaning] : FIELDS)
         entry.def_property_readonly(
             name, [field = field](const Entry& self) { return self.text(field); }, meaning);

@@ -3,9 +3,11 @@
 #include "python/bindings.h"
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <mutex>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #include <cxxabi.h>
@@ -57,6 +59,23 @@ private:
 
     PyThreadState* m_state;
 };
+
+/// The result of work(unlocked) without Python's lock, again where a signal has interrupted it whose handler raises
+/// nothing.
+template<typename Work>
+auto without_lock(Work work) {
+    for (;;) {
+        try {
+            Unlocked unlocked;
+            return work(unlocked);
+        } catch (const std::system_error& error) {
+            if (error.code().value() != EINTR)
+                throw;
+        }
+        if (PyErr_CheckSignals() != 0)
+            throw py::error_already_set();
+    }
+}
 
 /// For one thread of Python's at a time. Who waits does so without Python's lock, since who holds this one may need
 /// that, and sees signals. Who holds it cannot wait for itself: a handler of signals that runs meanwhile has a

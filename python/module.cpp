@@ -1,9 +1,8 @@
 #include "python/background.h"
 #include "python/bindings.h"
 #include "training/Sentences.h"
+#include "training/XmlReader.h"
 
-#include <cerrno>
-#include <fstream>
 #include <new>
 #include <stdexcept>
 
@@ -67,11 +66,8 @@ std::string described(const py::handle& value) {
 }
 
 void require_readable(const std::string& filename) {
-    errno = 0;
-    std::ifstream file(filename, std::ios::binary);
-    file.peek();
-    if (!file.is_open() || file.bad())
-        throw std::system_error(errno ? errno : EIO, std::generic_category(), filename);
+    if (const int error = reading_error(filename); error != 0)
+        throw std::system_error(error, std::generic_category(), filename);
 }
 
 } // namespace zelvor::python

@@ -1,12 +1,15 @@
 #include "utils/lexicon_utils/rules.h"
 #include "python/bindings.h"
+#include "python/locks.h"
 #include "utils/common_utils/encoding.h"
 #include "utils/common_utils/files.h"
 #include "utils/common_utils/utf8.h"
 
 #include <pybind11/stl.h>
 
+#include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace zelvor::python {
 
@@ -25,9 +28,9 @@ std::string fault_of(const std::string& line, std::size_t number) {
     return "";
 }
 
-void check_lines(const std::string& filename) {
+void check_lines(std::istream& text, const std::string& filename) {
     std::size_t number = 0;
-    for_each_line(filename, [&](const std::string& line) {
+    for_each_line(text, [&](const std::string& line) {
         ++number;
         if (const std::string fault = fault_of(line, number); !fault.empty())
             throw std::invalid_argument(filename + ":" + std::to_string(number) + ": " + fault);
@@ -38,8 +41,14 @@ class Rules {
 public:
     explicit Rules(const Path& path) {
         require_readable(path.name);
-        check_lines(path.name);
-        parse_rules(path.name, m_rules, nullptr);
+        without_lock([&](Unlocked&) {
+            std::string text = read_file(path.name);
+            if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark))
+                text.erase(0, mark.size());
+            std::istringstream checked(text), parsed(text);
+            check_lines(checked, path.name);
+            parse_rules(parsed, m_rules);
+        });
     }
     ~Rules() { delete_rules(m_rules); }
     Rules(const Rules&) = delete;

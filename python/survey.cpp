@@ -50,10 +50,14 @@ py::dict end_mark_of(const SurveyResult::EndMark& mark) {
     return py::dict("text"_a = str_of(mark.text), "tokens"_a = mark.tokens, "declared"_a = mark.declared);
 }
 
-/// As keywords, without the columns; each is "--NAME=VALUE".
-py::dict options_of(SurveyAdvice advice) {
+/// As keywords, without the columns; each is "--NAME=VALUE". What the survey itself was told comes along.
+py::dict options_of(SurveyAdvice advice, const SurveyTask& task) {
     advice.columns.clear();
     py::dict options;
+    if (task.hidden)
+        options["hidden"] = true;
+    if (task.skip != SurveyTask().skip && !advice.has_lexicon_json)
+        options["skip"] = list_of(task.skip, str_of);
     for (const std::string& option : advice.options()) {
         const std::size_t end = option.find('=');
         options[py::str(keyword_of(std::string_view(option).substr(2, end - 2)))] = str_of(option.substr(end + 1));
@@ -80,7 +84,7 @@ py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
     return py::dict("tokens"_a = result.tokens, "documents"_a = found.documents, "faults"_a = found.faults,
                     "token_elements"_a = list_of(result.token_elements, token_element_of),
                     "enclosing"_a = list_of(result.enclosing, enclosing_of),
-                    "end_marks"_a = list_of(result.end_marks, end_mark_of), "options"_a = options_of(advice),
+                    "end_marks"_a = list_of(result.end_marks, end_mark_of), "options"_a = options_of(advice, task),
                     "columns"_a = advice.columns, "needs_lexicon"_a = advice.has_lexicon_json,
                     "obstacle"_a = str_of(advice.obstacle), "messages"_a = list_of(messages, str_of));
 }
@@ -95,9 +99,9 @@ void bind_survey(py::module_& module) {
 
 What is in documents of which nothing is known, as a dict, and the options that fit them.
 
-token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences;
-options are keywords for read_tei and convert, columns one for convert; obstacle says why there is no training data in
-them, and is empty where there is. skip names elements that are not read, as in read_tei. Documents with faults are a
+token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences,
+with the median of their lengths (above 255 to a sixteenth); options are keywords for read_tei and convert, columns one
+for convert; obstacle says why there is no training data in them, and is empty where there is. skip names elements that are not read, as in read_tei. Documents with faults are a
 UserWarning, and in messages.
 
 >>> found = survey("examples/families/latin.xml")

@@ -34,14 +34,18 @@ std::string key_of(const py::handle& pair) {
     return encode_utf8(characters);
 }
 
+void check_weight(double weight) {
+    if (!(weight >= 0) || std::isinf(weight))
+        throw py::value_error("a weight is a finite number of at least 0, not " + std::to_string(weight));
+}
+
 WeightTable weight_table(const py::object& weights) {
     WeightTable table;
     for (const auto& [pair, value] : weights.is_none() ? py::dict() : py::dict(weights)) {
         const double weight = PyFloat_AsDouble(value.ptr());
         if (PyErr_Occurred())
             throw py::error_already_set();
-        if (!(weight >= 0) || std::isinf(weight))
-            throw py::value_error("a weight is a finite number of at least 0, not " + std::to_string(weight));
+        check_weight(weight);
         table[key_of(pair)] = weight;
     }
     return table;
@@ -72,8 +76,9 @@ public:
     std::size_t size() const { return m_size; }
 
     py::list fuzzy(const Text& word, double budget, unsigned int start, double weight_end) const {
-        if (std::isnan(budget) || std::isnan(weight_end))
-            throw py::value_error("a budget and a weight are numbers");
+        if (std::isnan(budget))
+            throw py::value_error("a budget is a number");
+        check_weight(weight_end);
         LetterTrieNode::FuzzyMatches found;
         const std::unique_ptr<LetterTrieNode::FuzzyMatches, void (*)(LetterTrieNode::FuzzyMatches*)> owner(
             &found, LetterTrieNode::delete_mem);

@@ -88,9 +88,14 @@ def test_trie():
     assert [trie.fuzzy("axc") for trie in tries] == [[("abc", left)] for left in (0.75, 0.5, 0.0, 0.0)]
 
 
+def test_rules(folder):
+    (folder / "marked").write_text("\ufeffies y\n", encoding="utf-8")
+    assert Rules("marked").apply("party") == ["parties"]
+
+
 def test_lexicon(folder):
     (folder / "a").write_text("// comment\n\n" + line("amat", id=7) + "\n" + line("amō", case="NOM"), encoding="utf-8")
-    (folder / "b").write_text(line("-at", case="ACC"))
+    (folder / "b").write_text(line("-at", case="ACC", id="abc"))
     lexicon = Lexicon(folder / "a")
     iterator = iter(lexicon)
     first = next(iterator)
@@ -100,6 +105,7 @@ def test_lexicon(folder):
     assert [entry.form for entry in iterator] == ["amō", "amat"] and len(lexicon) == 3
     assert lexicon.lookup(id=7) == [first] and lexicon.lookup(id=8) == [] and lexicon.lookup("amō")[0].id is None
     assert len(lexicon.lookup("amat")) == 2 and len({*lexicon.lookup(lemma="am"), first}) == 3
+    assert lexicon.lookup(id=2**70) == lexicon.lookup(id=0) == []
     lexicon.write("-")
     assert [entry.form for entry in Lexicon(b"-").entries()] == ["amat", "amō", "amat"]
     entry = lexicon.lookup("amō")[0]
@@ -143,6 +149,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: Trie(["a"]).fuzzy("a" * 100_000, None)),
     (UnicodeEncodeError, lambda: Trie(["a"]).fuzzy("a", **{"\ud800": 1})),
     (ValueError, lambda: Trie(["a"]).fuzzy("a", float("nan"))),
+    (ValueError, lambda: Trie(["a"]).fuzzy("a", weight_end=-1)),
     (ValueError, lambda: Trie(["a"], {"abc": 1})),
     (ValueError, lambda: Trie(["a"], {("a", "b"): -1})),
     (TypeError, lambda: Trie(["a"], {"ab": "x"})),
@@ -155,6 +162,8 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (ValueError, lambda: Lexicon("a\0b")),
     (ValueError, lambda: Lexicon().merge("examples/lexicon.txt", source="a#b")),
     (ValueError, lambda: Lexicon().merge("examples/lexicon.txt", source="a\0b")),
+    (ValueError, lambda: Lexicon().merge("examples/lexicon.txt", source=" a")),
+    (TypeError, lambda: Lexicon().lookup(id="7")),
     (TypeError, lambda: Lexicon().lookup()),
     (TypeError, lambda: Lexicon().lookup("a", lemma="a")),
     (UnicodeEncodeError, lambda: Lexicon().lookup("\udfff")),
@@ -322,7 +331,8 @@ def test_convert_tells_how_it_went(folder):
         zelvor.convert(document(folder, "a-l b.xml", "<s>"), "none")
     with pytest.raises(ValueError, match="and with lexicon case"):
         zelvor.convert(good, "none", columns="foo")
-    found = zelvor.survey("examples/families/latin.xml", skip="note")
+    found = zelvor.survey("examples/families/latin.xml", skip=iter(["fw"]), hidden=True)
+    assert found["options"] == {"hidden": True, "skip": ["fw"], "sentence": "ab"}
     assert zelvor.convert("examples/families/latin.xml", "out", columns=found["columns"], **found["options"]).status == 0
 
 
