@@ -188,7 +188,8 @@ std::optional<int> id_of(const Entry& entry) {
 void bind_entry(py::module_& module) {
     py::class_<Entry> entry(module, "Entry", R"(One analysis of a word form, as a lexicon holds it; "" is unknown.
 
-It keeps its lexicon alive, and changes only by what a merge folds into it.
+It keeps its lexicon alive, and changes only by what a merge folds into it. Sources are kept of form, lemma and tag,
+not of the other fields.
 
 >>> entry = Lexicon("examples/lexicon.txt").lookup("partes")[0]
 >>> entry.lemma, entry.case, entry.form_sources
@@ -242,9 +243,9 @@ void bind_lexicon(py::module_& module) {
                                                               R"(Analyses of word forms, the first added first.
 
 Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
-and the lexicon is as it was; with on_bad_line, such lines are left out: it is called with the number of each and what is
-wrong, before anything of the file is added. What it raises leaves the lexicon as it was. Threads may share a lexicon;
-Ctrl-C is noticed when a file is read.
+and the lexicon is as it was; with on_bad_line, such lines are left out: it is called with the number of each and what
+is wrong, before anything of the file is added. What it raises leaves the lexicon as it was. Threads may share a
+lexicon; Ctrl-C is noticed when a file is read.
 
 >>> lexicon = Lexicon("examples/lexicon.txt")
 >>> len(lexicon)
