@@ -48,8 +48,6 @@ auto run_in_background(Work work, Meanwhile meanwhile) {
                 throw py::error_already_set();
             meanwhile();
         }
-    } catch (abi::__forced_unwind&) {
-        stay();
     } catch (...) {
         const Unlocked unlocked;
         source.request_stop();

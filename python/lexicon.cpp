@@ -120,7 +120,7 @@ std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change
         if (on_bad_line)
             tell = [&](std::size_t number, const std::string& reason) {
                 lock.unlock();
-                unlocked.with_lock([&] { (*on_bad_line)(number, to_str(reason, "replace")); });
+                unlocked.with_lock([&] { call_back(*on_bad_line, number, to_str(reason, "replace")); });
                 lock.lock();
             };
         return change(shared.lexicon, tell);

@@ -10,18 +10,8 @@
 #include <system_error>
 #include <thread>
 
-#include <cxxabi.h>
-#include <unistd.h>
-
 /// Python's lock, and one that goes with it.
 namespace zelvor::python {
-
-/// For a thread that wants Python's lock when the interpreter has ended: Python unwinds it then, and the first
-/// destructor that it meets would end the process. It stays where it is instead, until the process is gone.
-[[noreturn]] inline void stay() {
-    for (;;)
-        pause();
-}
 
 /// A scope without Python's lock.
 class Unlocked {
@@ -36,11 +26,7 @@ public:
     auto with_lock(Use use) {
         resume();
         const Leaving leaving{m_state};
-        try {
-            return use();
-        } catch (abi::__forced_unwind&) {
-            stay();
-        }
+        return use();
     }
 
 private:
@@ -50,11 +36,7 @@ private:
     };
 
     void resume() noexcept {
-        try {
-            PyEval_RestoreThread(m_state);
-        } catch (...) {
-            stay();
-        }
+        surviving([this] { PyEval_RestoreThread(m_state); });
     }
 
     PyThreadState* m_state;
