@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <typeinfo>
+#include <utility>
 
 namespace zelvor {
 
@@ -144,25 +145,27 @@ Glib::ustring LetterTrieNode::read_off_stack(std::stack<LetterTrieNode*> stack_l
     return s;
 }
 
+/// Without memory of its own, since it may be called for want of that: children are taken from the end of their lists,
+/// which are turned round for it, and know the way back.
 void LetterTrieNode::delete_tree(LetterTrieNode* proot) {
-    std::vector<LetterTrieNode*> pending, doomed;
-    const auto collect_children = [&](LetterTrieNode* node) {
-        for (LetterTrieNode* child : node->m_vec_ptrie_nodes) {
-            if (child != proot)
-                pending.push_back(child);
-            else if (child->m_pparent == node && node != this)
-                child->m_pparent = nullptr; // the node that it points to is about to go
+    LetterTrieNode* node = this;
+    std::ranges::reverse(node->m_vec_ptrie_nodes);
+    while (node != this || !node->m_vec_ptrie_nodes.empty()) {
+        if (node->m_vec_ptrie_nodes.empty()) {
+            delete std::exchange(node, node->m_pparent);
+            continue;
         }
-        node->m_vec_ptrie_nodes.clear();
-        node->m_access = Access::NONE;
-    };
-    // Parents before their children, and the last child first, so that going backwards frees children first, in order.
-    for (collect_children(this); !pending.empty(); collect_children(doomed.back())) {
-        doomed.push_back(pending.back());
-        pending.pop_back();
+        LetterTrieNode* const child = node->m_vec_ptrie_nodes.back();
+        node->m_vec_ptrie_nodes.pop_back();
+        if (child != proot) {
+            child->m_pparent = node;
+            node = child;
+            std::ranges::reverse(node->m_vec_ptrie_nodes);
+        } else if (child->m_pparent == node && node != this) {
+            child->m_pparent = nullptr; // the node that it points to is about to go
+        }
     }
-    for (auto node = doomed.rbegin(); node != doomed.rend(); ++node)
-        delete *node;
+    m_access = Access::NONE;
 }
 
 double LetterTrieNode::weight_in(const WeightTable* pweight_table, gunichar c1, gunichar c2) {
