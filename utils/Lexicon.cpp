@@ -80,21 +80,18 @@ std::vector<std::string_view> entry_lines(std::string_view text, const std::stri
     return lines;
 }
 
-/// Calls use(entry) for each line of the file.
-template<typename Use>
-std::size_t for_each_entry(const std::string& filename, const Lexicon::BadLine& on_bad_line, Use use) {
-    const std::string text = read_file(filename); // whole, so that nothing is added of a file with a bad line
-    if (const char* const reason = why_not_utf8_text(text))
-        throw std::invalid_argument("the lexicon " + filename + " " + reason);
-    const std::vector<std::string_view> lines = entry_lines(text, filename, on_bad_line);
-    for (const std::string_view line : lines) {
-        auto entry = std::make_unique<LexicalEntry>();
-        entry->parse_latin(std::string(line));
-        if (!entry->get_lemma().empty())
-            entry->set_word_form(entry->get_word_form()); // one that is spelled out is to fold into one that is not
-        use(std::move(entry));
-    }
-    return lines.size();
+/// Of a line that can be read.
+std::unique_ptr<LexicalEntry> make_entry(std::string_view line, const std::string& source) {
+    auto entry = std::make_unique<LexicalEntry>();
+    entry->parse_latin(std::string(line));
+    if (!entry->get_lemma().empty())
+        entry->set_word_form(entry->get_word_form()); // one that is spelled out is to fold into one that is not
+    if (source.empty())
+        return entry;
+    entry->insert_originating_source_wordforms(source);
+    entry->insert_originating_source_lemmas(source);
+    entry->insert_originating_source_pos(source);
+    return entry;
 }
 
 } // namespace
@@ -116,25 +113,30 @@ void Lexicon::Index::visit(std::size_t hash, Use use) const {
         entry = m_next[entry];
 }
 
+std::size_t Lexicon::for_each_entry(const std::string& filename, const std::string& source, const BadLine& on_bad_line,
+                                    const std::function<void(std::unique_ptr<LexicalEntry> entry)>& use) {
+    if (source.find_first_of(std::string_view("#,\r\n\0", 5)) != std::string::npos || trimmed(source) != source ||
+        !is_valid_utf8(source))
+        throw std::invalid_argument("no name of a source: " + excerpt(source));
+    const std::string text = read_file(filename); // whole, so that nothing is added of a file with a bad line
+    if (const char* const reason = why_not_utf8_text(text))
+        throw std::invalid_argument("the lexicon " + filename + " " + reason);
+    const std::vector<std::string_view> lines = entry_lines(text, filename, on_bad_line);
+    for (const std::string_view line : lines)
+        use(make_entry(line, source));
+    return lines.size();
+}
+
 std::size_t Lexicon::read(const std::string& filename, const BadLine& on_bad_line) {
-    return for_each_entry(filename, on_bad_line,
-                          [&](std::unique_ptr<LexicalEntry> entry) { append(std::move(entry)); });
+    return for_each_entry(filename, "", on_bad_line,
+                          [this](std::unique_ptr<LexicalEntry> entry) { append(std::move(entry)); });
 }
 
 std::size_t Lexicon::merge(const std::string& filename, const std::string& source, bool extended_comparison,
                            const BadLine& on_bad_line) {
-    if (source.find_first_of(std::string_view("#,\r\n\0", 5)) != std::string::npos || trimmed(source) != source ||
-        !is_valid_utf8(source))
-        throw std::invalid_argument("no name of a source: " + excerpt(source));
     const std::size_t size_before = size();
-    for_each_entry(filename, on_bad_line, [&](std::unique_ptr<LexicalEntry> entry) {
-        if (!source.empty()) {
-            entry->insert_originating_source_wordforms(source);
-            entry->insert_originating_source_lemmas(source);
-            entry->insert_originating_source_pos(source);
-        }
-        add(std::move(entry), extended_comparison);
-    });
+    for_each_entry(filename, source, on_bad_line,
+                   [&](std::unique_ptr<LexicalEntry> entry) { add(std::move(entry), extended_comparison); });
     return size() - size_before;
 }
 
@@ -160,6 +162,8 @@ bool Lexicon::add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison)
 }
 
 void Lexicon::append(std::unique_ptr<LexicalEntry> entry) {
+    if (!entry)
+        return;
     const auto number = static_cast<std::uint32_t>(m_owned.size());
     const LexicalEntry& added = *entry;
     if (m_entries.size() == m_entries.capacity()) // where memory is lacking, neither list becomes longer

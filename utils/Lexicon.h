@@ -36,6 +36,15 @@ public:
     std::size_t merge(const std::string& filename, const std::string& source, bool extended_comparison = true,
                       const BadLine& on_bad_line = {});
 
+    /// What read() and merge() add, in their order: calls use(entry) for each, when on_bad_line has been told of the
+    /// last bad line. Returns the number of entries; throws as these do.
+    static std::size_t for_each_entry(const std::string& filename, const std::string& source,
+                                      const BadLine& on_bad_line,
+                                      const std::function<void(std::unique_ptr<LexicalEntry> entry)>& use);
+
+    /// Adds an entry, unless it is null, and folds nothing.
+    void append(std::unique_ptr<LexicalEntry> entry);
+
     /// True when the entry was new, false when it was folded into another and freed (or was null).
     bool add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison);
 
@@ -72,7 +81,6 @@ private:
         std::vector<std::uint32_t> m_next; ///< by entry
     };
 
-    void append(std::unique_ptr<LexicalEntry> entry);
     void index_id(const LexicalEntry& entry, std::uint32_t number);
     template<typename IsMeant>
     Entries select(const Index& index, const std::string& text, IsMeant is_meant) const;
