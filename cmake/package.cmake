@@ -58,8 +58,9 @@ math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
 set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS # the compiled part is that of one minor version
     "python3 (>= ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR}), python3 (<< ${Python_VERSION_MAJOR}.${next_minor})")
 set(CPACK_COMPONENT_PYTHON_DESCRIPTION
-"lexica, letter tries, rules and language models (Python module)
-Reads, merges and writes lexica whose entries remember their sources, looks
+"TEI corpora, lexica, letter tries and language models (Python module)
+Reads the sentences of TEI corpora, tells what is in them and converts them into
+training data of taggers. Reads, merges and writes lexica whose entries remember their sources, looks
 words up with errors, splits compounds, and scores sentences.")
 
 # What every Debian package carries; no other installation has it.
