@@ -173,11 +173,9 @@ void TeiReader::load_tables() {
 }
 
 void TeiReader::find_inputs() {
-    TeiInputs inputs =
-        find_documents(m_task.inputs, m_task.hidden, [](const std::string& folder, const std::string& /*message*/) {
-            const int error = reading_error(folder);
-            throw std::system_error(error != 0 ? error : EIO, std::generic_category(), folder);
-        });
+    TeiInputs inputs = find_documents(m_task.inputs, m_task.hidden, [](const std::string& folder, int error) {
+        throw std::system_error(error, std::generic_category(), folder);
+    });
     m_documents = std::move(inputs.documents);
     m_report[ConversionReport::FILES_PASSED_OVER] = inputs.passed_over;
     if (m_documents.empty())

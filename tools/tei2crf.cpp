@@ -78,7 +78,7 @@ int convert(const Tei2crfOptions& options) {
 
 int survey(const Tei2crfOptions& options) {
     Console console(wants_progress(options));
-    const auto untold = [](const std::string&, const std::string&) {};
+    const auto untold = [](const std::string&, int) {};
     for (const std::string& document : find_documents(options.task.inputs, options.task.hidden, untold).documents)
         if (OutputFile::is_input("", document))
             throw WrongOutput("the output would replace an input: " + document);

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <exception>
 #include <memory>
 #include <new>
@@ -117,11 +118,10 @@ void Conversion::convert() {
 }
 
 void Conversion::find_inputs() {
-    TeiInputs inputs =
-        find_documents(m_task.inputs, m_task.hidden, [this](const std::string& folder, const std::string& message) {
-            ++m_report[ConversionReport::FILES_FAILED];
-            fault(shown_path(folder) + ": " + shown(message));
-        });
+    TeiInputs inputs = find_documents(m_task.inputs, m_task.hidden, [this](const std::string& folder, int error) {
+        ++m_report[ConversionReport::FILES_FAILED];
+        fault(shown_path(folder) + ": " + std::strerror(error));
+    });
     m_documents = std::move(inputs.documents);
     m_report[ConversionReport::FILES_PASSED_OVER] = inputs.passed_over;
 }

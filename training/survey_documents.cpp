@@ -4,6 +4,8 @@
 #include "training/shown_text.h"
 #include "training/tei_inputs.h"
 
+#include <cstring>
+
 namespace zelvor {
 
 DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& observer) {
@@ -19,7 +21,9 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
                                   complain(to_string(place, document), message);
                               },
                               [&](const std::string& message) { complain(document, message); }});
-    const TeiInputs inputs = find_documents(task.inputs, task.hidden, complain);
+    const TeiInputs inputs = find_documents(task.inputs, task.hidden, [&](const std::string& folder, int error) {
+        complain(folder, std::strerror(error));
+    });
     if (inputs.documents.empty())
         observer.complain("no file whose name ends in .tei or .xml" + told_passed_over(inputs.passed_over));
     for (std::size_t i = 0; i < inputs.documents.size() && !observer.cancelled.stop_requested(); ++i) {

@@ -14,7 +14,7 @@ namespace {
 
 class Walk {
 public:
-    Walk(bool with_hidden, const std::function<void(const std::string&, const std::string&)>& fault)
+    Walk(bool with_hidden, const std::function<void(const std::string&, int)>& fault)
         : m_with_hidden(with_hidden), m_fault(fault) {}
 
     void add_input(std::string path) {
@@ -42,14 +42,14 @@ private:
         std::vector<std::string> names;
         const FolderErrors errors = for_each_name(folder, [&](const std::string& name) { names.push_back(name); });
         if (const int error = errors.opening ? errors.opening : errors.reading; error != 0)
-            m_fault(folder, std::strerror(error));
+            m_fault(folder, error);
         return names;
     }
 
     void add_entry(const std::string& path) {
         struct stat status {};
         if (lstat(path.c_str(), &status) != 0)
-            m_fault(path, std::strerror(errno));
+            m_fault(path, errno);
         else if (S_ISDIR(status.st_mode))
             add_folder(path);
         // a link to nowhere is kept, so that its fault is told
@@ -65,7 +65,7 @@ private:
     }
 
     bool m_with_hidden;
-    const std::function<void(const std::string&, const std::string&)>& m_fault;
+    const std::function<void(const std::string&, int)>& m_fault;
 };
 
 } // namespace
@@ -75,7 +75,7 @@ std::string told_passed_over(std::size_t files) {
 }
 
 TeiInputs find_documents(const std::vector<std::string>& inputs, bool with_hidden,
-                         const std::function<void(const std::string& folder, const std::string& message)>& fault) {
+                         const std::function<void(const std::string& folder, int error)>& fault) {
     Walk walk(with_hidden, fault);
     for (const std::string& input : inputs)
         walk.add_input(input);

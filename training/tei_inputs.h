@@ -21,8 +21,9 @@ std::string told_passed_over(std::size_t files);
 /// The documents that inputs stand for, in ascending order of their paths as bytes, each once. A folder stands for the
 /// regular files at any depth below it, or links to such, whose names are TEI names; hidden files and folders count
 /// only where they are wanted, and links to folders are not followed. Anything else stands for itself: "-", a file of
-/// any name, a pipe, a path that does not exist. `fault` is told of each folder that cannot be read.
+/// any name, a pipe, a path that does not exist. `fault` is told of each folder that cannot be read,
+/// with the number of the error.
 TeiInputs find_documents(const std::vector<std::string>& inputs, bool with_hidden,
-                         const std::function<void(const std::string& folder, const std::string& message)>& fault);
+                         const std::function<void(const std::string& folder, int error)>& fault);
 
 } // namespace zelvor
