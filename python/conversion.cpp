@@ -123,7 +123,8 @@ Writes the training data of documents, as the program tei2crf does, and returns 
 
 inputs are files and folders, or one of them; options are those of the program, with "_" for "-" and "_" behind break:
 convert(..., break_=".", whole_sentences=True). Lists may be lists. Several documents are converted at the same time,
-jobs of them, without Python's lock; progress(ended, all, tokens) is called at most 20 times a second.
+jobs of them, without Python's lock; progress(ended, all, tokens) is called at most 20 times a second,
+and at the end.
 
 The file is there when it is complete, and not before; what progress raises, and Ctrl-C, end the run without it. So does
 what keeps it from going on: an OSError of a file, a ValueError of options or of what is in a file, otherwise a

@@ -69,7 +69,8 @@ constexpr struct {
 /// A lexicon that Python's threads share: whoever reads a file works without Python's lock.
 struct SharedLexicon : std::enable_shared_from_this<SharedLexicon> {
     Lexicon lexicon;
-    std::shared_mutex mutex;
+    std::shared_mutex mutex; ///< of the lexicon
+    std::mutex writing;      ///< held while a file is added
 };
 using Owner = std::shared_ptr<const SharedLexicon>;
 
@@ -110,37 +111,57 @@ std::vector<Entry> entries_of(const Owner& owner, const Lexicon::Entries& found)
 
 using OnBadLine = std::optional<py::function>;
 
-/// Calls change(lexicon, bad_line) without Python's lock. The lexicon tells of bad lines before it changes, so Python
-/// is told without the lock of the lexicon, and may do with it what it likes.
-template<typename Change>
-std::size_t changing(SharedLexicon& shared, const OnBadLine& on_bad_line, Change change) {
+/// Calls add(lexicon, entry), which says whether it was new, for all entries of a file without Python's lock, and
+/// returns how many were. Of the lexicon's lock it lets go now and then, so that others can read; files come one after
+/// the other. Bad lines are told before the first entry, with neither lock.
+template<typename Add>
+std::size_t add_file(SharedLexicon& shared, const Path& path, const std::string& source, const OnBadLine& on_bad_line,
+                     Add add) {
+    constexpr std::size_t slice_size = 256;
     return without_lock([&](Unlocked& unlocked) {
-        std::unique_lock lock(shared.mutex);
+        std::size_t added = 0;
+        std::vector<std::unique_ptr<LexicalEntry>> slice;
+        std::unique_lock writing(shared.writing, std::defer_lock);
+        const auto add_slice = [&] {
+            if (!writing)
+                writing.lock();
+            const std::unique_lock lock(shared.mutex);
+            for (auto& entry : slice)
+                added += add(shared.lexicon, std::move(entry));
+            slice.clear();
+        };
         Lexicon::BadLine tell;
         if (on_bad_line)
             tell = [&](std::size_t number, const std::string& reason) {
-                lock.unlock();
                 unlocked.with_lock([&] { call_back(*on_bad_line, number, to_str(reason, "replace")); });
-                lock.lock();
             };
-        return change(shared.lexicon, tell);
+        Lexicon::for_each_entry(path.name, source, tell, [&](std::unique_ptr<LexicalEntry> entry) {
+            slice.push_back(std::move(entry));
+            if (slice.size() == slice_size)
+                add_slice();
+        });
+        add_slice();
+        return added;
     });
 }
 
 std::size_t read(SharedLexicon& shared, const Path& path, const OnBadLine& on_bad_line) {
-    return changing(shared, on_bad_line,
-                    [&](Lexicon& lexicon, const Lexicon::BadLine& tell) { return lexicon.read(path.name, tell); });
+    return add_file(shared, path, "", on_bad_line, [](Lexicon& lexicon, std::unique_ptr<LexicalEntry> entry) {
+        lexicon.append(std::move(entry));
+        return true;
+    });
 }
 
 std::size_t merge(SharedLexicon& shared, const Path& path, const Text& source, bool extended,
                   const OnBadLine& on_bad_line) {
-    return changing(shared, on_bad_line, [&](Lexicon& lexicon, const Lexicon::BadLine& tell) {
-        return lexicon.merge(path.name, source.bytes, extended, tell);
-    });
+    return add_file(shared, path, source.bytes, on_bad_line,
+                    [extended](Lexicon& lexicon, std::unique_ptr<LexicalEntry> entry) {
+                        return lexicon.add(std::move(entry), extended);
+                    });
 }
 
 std::shared_ptr<SharedLexicon> make(const std::optional<Path>& path) {
-    auto owner = std::make_shared<SharedLexicon>();
+    std::shared_ptr<SharedLexicon> owner(new SharedLexicon, FreeUnlocked());
     if (path)
         read(*owner, *path, std::nullopt);
     return owner;

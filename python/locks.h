@@ -42,6 +42,15 @@ private:
     PyThreadState* m_state;
 };
 
+/// Frees what is large, while other threads go on.
+struct FreeUnlocked {
+    template<typename Object>
+    void operator()(Object* object) const {
+        const Unlocked unlocked;
+        delete object;
+    }
+};
+
 /// The result of work(unlocked) without Python's lock, again where a signal has interrupted it whose handler raises
 /// nothing.
 template<typename Work>

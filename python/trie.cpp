@@ -46,7 +46,9 @@ WeightTable weight_table(const py::object& weights) {
         if (PyErr_Occurred())
             throw py::error_already_set();
         check_weight(weight);
-        table[key_of(pair)] = weight;
+        const auto [place, is_new] = table.try_emplace(key_of(pair), weight);
+        if (!is_new && place->second != weight)
+            throw py::value_error("a pair has one weight, in whatever order: " + described(pair));
     }
     return table;
 }
@@ -153,11 +155,13 @@ private:
 
 void bind_trie(py::module_& module) {
     using WithoutLock = py::call_guard<Unlocked>;
-    py::class_<Trie>(module, "Trie", R"(Words in a letter trie: finds misread words and splits compounds.
+    py::class_<Trie, std::unique_ptr<Trie, FreeUnlocked>>(
+        module, "Trie", R"(Words in a letter trie: finds misread words and splits compounds.
 
-weights are the costs of misreading one letter for another, such as {"ae": 0.3}; a pair that is not there costs 1. They
-are this trie's own. What they price: a wrong letter costs what the table has for the letter before it, in the stored
-word, and the wrong one; so they have no say in a first letter. A trie does not change; threads may share it.
+weights are the costs of misreading one letter for another, such as {"ae": 0.3}, whichever of the two is first; a pair
+that is not there costs 1. They are this trie's own. What they price: a wrong letter costs what the table has for the
+letter before it, in the stored word, and the wrong one; so they have no say in a first letter. A trie does not change;
+threads may share it.
 
 >>> trie = Trie(["agricola", "agri", "cultura"])
 >>> "agri" in trie, len(trie)

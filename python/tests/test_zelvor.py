@@ -151,6 +151,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (ValueError, lambda: Trie(["a"]).fuzzy("a", float("nan"))),
     (ValueError, lambda: Trie(["a"]).fuzzy("a", weight_end=-1)),
     (ValueError, lambda: Trie(["a"], {"abc": 1})),
+    (ValueError, lambda: Trie(["a"], {"ab": 1, "ba": 2})),
     (ValueError, lambda: Trie(["a"], {("a", "b"): -1})),
     (TypeError, lambda: Trie(["a"], {"ab": "x"})),
     (TypeError, lambda: Trie(["a"], {5: 1})),

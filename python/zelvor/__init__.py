@@ -14,7 +14,6 @@ from ._zelvor import (
     TeiReader,
     Token,
     Trie,
-    __version__,
     contains_latin_letters,
     contains_letters,
     convert,
@@ -30,6 +29,7 @@ from ._zelvor import (
     read_tei,
     survey,
 )
+from ._zelvor import __version__ as __version__
 
 __all__ = [
     "Entry",

@@ -47,7 +47,9 @@ class TeiReader(Iterator[list[Token]]):
 
 class Trie:
     def __init__(
-        self, words: Iterable[str], weights: Optional[Mapping[Union[str, tuple[str, str]], float]] = None
+        self,
+        words: Iterable[str],
+        weights: Union[Mapping[str, float], Mapping[tuple[str, str], float], None] = None,
     ) -> None: ...
     def __contains__(self, word: str) -> bool: ...
     def __len__(self) -> int: ...
