@@ -21,7 +21,7 @@ public:
             errno = 0;
             if (m_model.load(path.name))
                 return;
-            if (errno == EINTR)
+            if (errno != 0) // of the system, not of what is in the file
                 throw std::system_error(errno, std::generic_category(), path.name);
             throw std::invalid_argument(m_model.get_error());
         });
