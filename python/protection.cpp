@@ -1,6 +1,7 @@
 #include "python/bindings.h"
 
 #include <cstddef>
+#include <new>
 
 namespace zelvor::python {
 
@@ -35,16 +36,18 @@ void shorten_error() {
     PyErr_Format(PyExc_TypeError, "%U...", kept.ptr());
 }
 
-/// Names of arguments that are not UTF-8 make pybind11 throw where nobody would catch it.
+/// Names of arguments that are not UTF-8, and lack of memory, make pybind11 throw where nobody would catch it.
 PyObject* call_protected(PyObject* self, PyObject* arguments, PyObject* keywords) {
     PyObject* result = nullptr;
     try {
         result = dispatch(self, arguments, keywords);
+        if (!result && PyErr_ExceptionMatches(PyExc_TypeError))
+            shorten_error();
     } catch (py::error_already_set& error) {
         error.restore();
+    } catch (const std::bad_alloc&) {
+        PyErr_NoMemory();
     }
-    if (!result && PyErr_ExceptionMatches(PyExc_TypeError))
-        shorten_error();
     return result;
 }
 
