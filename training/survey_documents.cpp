@@ -4,6 +4,8 @@
 #include "training/shown_text.h"
 #include "training/tei_inputs.h"
 
+#include <utility>
+
 #include <cstring>
 
 namespace zelvor {
@@ -43,6 +45,21 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
     found.result = all.result();
     found.kinds = kinds.kinds();
     return found;
+}
+
+std::vector<WayToConvert> ways_to_convert(const DocumentsSurvey& found, const SurveyTask& task) {
+    std::vector<WayToConvert> ways;
+    const auto add = [&](const SurveyResult& result, const std::vector<std::string>& inputs, std::size_t documents) {
+        for (SurveyAdvice& advice : advise_each(result))
+            if (advice.obstacle.empty())
+                ways.push_back({std::move(advice), inputs, documents});
+    };
+    if (found.kinds.size() < 2)
+        add(found.result, task.inputs, found.kinds.empty() ? found.documents : found.kinds[0].documents.size());
+    else
+        for (const DocumentKind& kind : found.kinds)
+            add(kind.result, inputs_of(kind, found.kinds, task.inputs), kind.documents.size());
+    return ways;
 }
 
 } // namespace zelvor

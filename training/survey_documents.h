@@ -1,6 +1,7 @@
 #pragma once
 
 #include "training/ConversionOptions.h"
+#include "training/SurveyAdvice.h"
 #include "training/SurveyResult.h"
 #include "training/survey_kinds.h"
 
@@ -39,5 +40,16 @@ struct DocumentsSurvey {
 
 /// Reads the documents; of one with a fault, what stands before it. Throws std::bad_alloc.
 DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& observer);
+
+/// What makes training data of some of the documents.
+struct WayToConvert {
+    SurveyAdvice advice;
+    std::vector<std::string> inputs;
+    std::size_t documents; ///< these are
+};
+
+/// One for each kind of document, or two where its words are of two kinds, the one with the most tokens first; none
+/// where there is nothing to convert. The survey must live as long.
+std::vector<WayToConvert> ways_to_convert(const DocumentsSurvey& found, const SurveyTask& task);
 
 } // namespace zelvor

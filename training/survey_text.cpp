@@ -103,8 +103,9 @@ std::string obstacle_text(const SurveyAdvice& advice) {
            looked_for() + ".\n";
 }
 
-/// The command that makes training data of these documents, as a shell takes it.
-std::string survey_command(const SurveyAdvice& advice, const SurveyTask& task) {
+/// As a shell takes it.
+std::string survey_command(const WayToConvert& way, const SurveyTask& task) {
+    const auto& [advice, inputs, documents] = way;
     std::string command = advice.has_lexicon_json ? "tei2crf -l LEXICON" : "tei2crf";
     std::vector<std::string> words = advice.options();
     if (task.hidden)
@@ -115,34 +116,12 @@ std::string survey_command(const SurveyAdvice& advice, const SurveyTask& task) {
             names += (names.empty() ? "" : ",") + name;
         words.push_back("--skip=" + names);
     }
-    if (std::ranges::any_of(task.inputs,
-                            [](const std::string& input) { return input.starts_with('-') && input != "-"; }))
+    if (std::ranges::any_of(inputs, [](const std::string& input) { return input.starts_with('-') && input != "-"; }))
         words.emplace_back("--");
-    words.insert(words.end(), task.inputs.begin(), task.inputs.end());
+    words.insert(words.end(), inputs.begin(), inputs.end());
     for (const std::string& word : words)
         command += " " + shell_word(word);
     return command;
-}
-
-struct Command {
-    SurveyAdvice advice;
-    SurveyTask task;
-    std::size_t documents = 0;
-};
-
-std::vector<Command> commands_for(const DocumentsSurvey& found, const SurveyTask& task) {
-    std::vector<Command> commands;
-    const auto add = [&](const SurveyResult& result, const SurveyTask& part, std::size_t documents) {
-        for (SurveyAdvice& advice : advise_each(result))
-            commands.push_back({std::move(advice), part, documents});
-    };
-    if (found.kinds.size() < 2)
-        add(found.result, task, found.kinds.empty() ? found.documents : found.kinds[0].documents.size());
-    else
-        for (const DocumentKind& kind : found.kinds)
-            add(kind.result, {inputs_of(kind, found.kinds, task.inputs), task.hidden, task.skip},
-                kind.documents.size());
-    return commands;
 }
 
 std::string counted(std::uint64_t count, const std::string& what) {
@@ -152,20 +131,19 @@ std::string counted(std::uint64_t count, const std::string& what) {
 constexpr std::string_view LEXICON_IS_NEEDED =
     "lemma is JSON, of a lexicon's ids: LEXICON stands for its file, which has the tags";
 
-std::string commands_text(const std::vector<Command>& commands) {
-    if (commands.size() == 1)
-        return std::string(commands[0].advice.has_lexicon_json
+std::string ways_text(const std::vector<WayToConvert>& ways, const SurveyTask& task) {
+    if (ways.size() == 1)
+        return std::string(ways[0].advice.has_lexicon_json
                                ? LEXICON_IS_NEEDED
                                : "lemma is no JSON of a lexicon's ids: tags are read from attributes") +
-               ".\nTry, to standard output or with -o FILE:\n  " +
-               survey_command(commands[0].advice, commands[0].task) + "\n";
-    std::string text = "The tokens are encoded in " + shown_count(commands.size()) +
+               ".\nTry, to standard output or with -o FILE:\n  " + survey_command(ways[0], task) + "\n";
+    std::string text = "The tokens are encoded in " + shown_count(ways.size()) +
                        " ways, and no command reads all of them. Try, to standard output or with -o FILE,\n";
-    for (const Command& command : commands) {
-        text += "for " + counted(command.advice.tokens, "token") + " in " + counted(command.documents, "document");
-        if (command.advice.has_lexicon_json)
+    for (const WayToConvert& way : ways) {
+        text += "for " + counted(way.advice.tokens, "token") + " in " + counted(way.documents, "document");
+        if (way.advice.has_lexicon_json)
             text.append(", whose ").append(LEXICON_IS_NEEDED);
-        text += ":\n  " + survey_command(command.advice, command.task) + "\n";
+        text += ":\n  " + survey_command(way, task) + "\n";
     }
     return text;
 }
@@ -179,7 +157,8 @@ std::string survey_text(const DocumentsSurvey& found, const SurveyTask& task) {
     if (!result.token_elements.empty())
         text += tokens_text(result) + enclosing_text(result, advice);
     text += cut_text(result);
-    return text + (advice.obstacle.empty() ? commands_text(commands_for(found, task)) : obstacle_text(advice));
+    const std::vector<WayToConvert> ways = ways_to_convert(found, task);
+    return text + (ways.empty() ? obstacle_text(advice) : ways_text(ways, task));
 }
 
 } // namespace zelvor
