@@ -65,6 +65,15 @@ py::dict options_of(SurveyAdvice advice, const SurveyTask& task) {
     return options;
 }
 
+py::str columns_of(const SurveyAdvice& advice) { return advice.columns.empty() ? "form,pos" : advice.columns; }
+
+/// How to convert some of the documents.
+py::dict way_of(const WayToConvert& way, const SurveyTask& task) {
+    return py::dict("inputs"_a = list_of(way.inputs, path_to_str), "options"_a = options_of(way.advice, task),
+                    "columns"_a = columns_of(way.advice), "needs_lexicon"_a = way.advice.has_lexicon_json,
+                    "tokens"_a = way.advice.tokens, "documents"_a = way.documents);
+}
+
 py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
     SurveyTask task{input_paths(inputs), hidden};
     if (!skip.is_none()) {
@@ -85,7 +94,9 @@ py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
                     "token_elements"_a = list_of(result.token_elements, token_element_of),
                     "enclosing"_a = list_of(result.enclosing, enclosing_of),
                     "end_marks"_a = list_of(result.end_marks, end_mark_of), "options"_a = options_of(advice, task),
-                    "columns"_a = advice.columns, "needs_lexicon"_a = advice.has_lexicon_json,
+                    "columns"_a = columns_of(advice), "needs_lexicon"_a = advice.has_lexicon_json,
+                    "ways"_a =
+                        list_of(ways_to_convert(found, task), [&](const auto& way) { return way_of(way, task); }),
                     "obstacle"_a = str_of(advice.obstacle), "messages"_a = list_of(messages, str_of));
 }
 
@@ -101,7 +112,8 @@ What is in documents of which nothing is known, as a dict, and the options that 
 
 token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences,
 with the median of their lengths (above 255 to a sixteenth); options are keywords for read_tei and convert, columns one
-for convert; obstacle says why there is no training data in them, and is empty where there is. skip names elements that
+for convert. Where no options read all documents, or all their words, ways has one for each kind: its inputs, options,
+columns, and whether it needs a lexicon, the one for the most tokens first. obstacle says why there is no training data in them, and is empty where there is. skip names elements that
 are not read, as in read_tei. Documents with faults are a UserWarning, and in messages.
 
 >>> found = survey("examples/families/latin.xml")
