@@ -26,13 +26,13 @@ build: setup
 	@cmake --build --preset release
 
 run:
-	@scripts/setup.sh packages-run.txt
+	@scripts/setup.sh scripts/packages/run.txt
 	@[ -f build/release/build.ninja ] || cmake --preset programs
 	@cmake --build --preset programs
 	@scripts/run.sh
 
 check:
-	@scripts/setup.sh packages.txt packages-python.txt
+	@scripts/setup.sh packages.txt scripts/packages/python.txt
 	@cmake --preset release
 	@cmake --build --preset release
 	ctest --preset release
@@ -44,28 +44,28 @@ check:
 	ctest --preset threads
 
 clang:
-	@scripts/setup.sh packages.txt packages-clang.txt
+	@scripts/setup.sh packages.txt scripts/packages/clang.txt
 	cmake --preset clang
 	cmake --build --preset clang
 	ctest --preset clang
 
 lint:
-	@scripts/setup.sh packages.txt packages-python.txt
+	@scripts/setup.sh packages.txt scripts/packages/python.txt
 	@cmake --preset release
 	@scripts/lint.sh
 
 bench:
-	@scripts/setup.sh packages.txt packages-bench.txt packages-python.txt
+	@scripts/setup.sh packages.txt scripts/packages/bench.txt scripts/packages/python.txt
 	@bench/run.sh
 
 fuzz: setup
-	@scripts/setup.sh packages-fuzz.txt
+	@scripts/setup.sh scripts/packages/fuzz.txt
 	cmake --preset fuzz
 	cmake --build --preset fuzz
 	@fuzz/run.sh
 
 coverage:
-	@scripts/setup.sh packages.txt packages-coverage.txt packages-python.txt
+	@scripts/setup.sh packages.txt scripts/packages/coverage.txt scripts/packages/python.txt
 	cmake --preset coverage
 	cmake --build --preset coverage
 	ctest --preset coverage
@@ -75,13 +75,13 @@ install: build
 	cmake --install build/release $(if $(PREFIX),--prefix "$(PREFIX)")
 
 package:
-	@scripts/setup.sh packages.txt packages-package.txt packages-python.txt
+	@scripts/setup.sh packages.txt scripts/packages/package.txt scripts/packages/python.txt
 	@cmake --preset package
 	@cmake --build --preset package
 	@cmake --build --preset package --target package
 
 docs:
-	@scripts/setup.sh packages-docs.txt
+	@scripts/setup.sh scripts/packages/docs.txt
 	@mkdir -p build
 	doxygen docs/Doxyfile
 

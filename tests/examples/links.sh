@@ -11,7 +11,7 @@ complain() { echo "$*" && status=1; }
 
 anchors() { sed -n '/^```/,/^```/d; s/^##* //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'; }
 names_in() { # of a document of Markdown, from one heading to the next
-    awk -v name="^($top|packages[a-z-]*[.]txt|Makefile|CMake[A-Za-z]*[.](txt|json))\$" -v all="$([ -e Makefile ] && echo 1)" '
+    awk -v name="^($top|packages[.]txt|Makefile|CMake[A-Za-z]*[.](txt|json))\$" -v all="$([ -e Makefile ] && echo 1)" '
         function end() { for (i = 0; i < 7; i++) said = said || source[i]; if (all || !said) printf "%s", found; found = said = "" }
         /^```/ { fence = !fence }
         !fence && /^#/ { end(); match($0, /^#+/); for (i = level = RLENGTH; i < 7; i++) source[i] = 0 }
