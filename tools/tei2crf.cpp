@@ -79,9 +79,10 @@ int convert(const Tei2crfOptions& options) {
 int survey(const Tei2crfOptions& options) {
     Console console(wants_progress(options));
     const auto untold = [](const std::string&, int) {};
-    for (const std::string& document : find_documents(options.task.inputs, options.task.hidden, untold).documents)
-        if (OutputFile::is_input("", document))
-            throw WrongOutput("the output would replace an input: " + document);
+    const std::vector<std::string> documents =
+        find_documents(options.task.inputs, options.task.hidden, untold).documents;
+    if (const std::string* const document = OutputFile::first_input("", documents))
+        throw WrongOutput("the output would replace an input: " + *document);
     const SurveyTask task{options.task.inputs, options.task.hidden, options.task.options.skip};
     const DocumentsSurvey found =
         survey_documents(task, {[&](const std::string& message) { console.say("tei2crf: " + message); },

@@ -21,6 +21,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <span>
 #include <stop_token>
 #include <system_error>
 #include <thread>
@@ -127,16 +128,15 @@ void Conversion::find_inputs() {
 }
 
 void Conversion::check_outputs() const {
-    const auto check = [&](const std::string& input) {
-        if (OutputFile::is_input(m_task.output, input) ||
-            (!m_task.report.empty() && OutputFile::is_input(m_task.report, input)))
-            throw WrongOutput("the output would replace an input: " + input);
+    const auto check = [&](const std::string& output) {
+        const std::string tables[] = {m_task.lexicon, m_task.map};
+        for (const std::span<const std::string> inputs : {std::span<const std::string>(tables), {m_documents}})
+            if (const std::string* const input = OutputFile::first_input(output, inputs))
+                throw WrongOutput("the output would replace an input: " + *input);
     };
-    for (const std::string& input : {m_task.lexicon, m_task.map})
-        if (!input.empty())
-            check(input);
-    for (const std::string& document : m_documents)
-        check(document);
+    check(m_task.output);
+    if (!m_task.report.empty())
+        check(m_task.report);
     if (!m_task.report.empty() && OutputFile::is_one(m_task.report, m_task.output))
         throw WrongOutput("one file for output and report: " + m_task.report);
 }

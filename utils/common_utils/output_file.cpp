@@ -104,11 +104,16 @@ bool OutputFile::is_one(const std::string& output1, const std::string& output2) 
                                           is_same_regular(status1, status2));
 }
 
-bool OutputFile::is_input(const std::string& output, const std::string& input) {
+const std::string* OutputFile::first_input(const std::string& output, std::span<const std::string> inputs) {
     struct stat status1 {
     }, status2{};
-    const bool is_read = (input == "-" ? fstat(STDIN_FILENO, &status2) : stat(input.c_str(), &status2)) == 0;
-    return is_read && status_of_output(output, status1) && is_same_regular(status1, status2);
+    if (!status_of_output(output, status1))
+        return nullptr;
+    const auto found = std::ranges::find_if(inputs, [&](const std::string& input) {
+        const bool is_read = (input == "-" ? fstat(STDIN_FILENO, &status2) : stat(input.c_str(), &status2)) == 0;
+        return is_read && is_same_regular(status1, status2);
+    });
+    return found == inputs.end() ? nullptr : &*found;
 }
 
 int OutputFile::descriptor_of(const std::string& path) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,9 +24,10 @@ public:
 
     /// The descriptor that a path stands for ("-", /dev/stdout, /dev/fd/N, a link to one of them), or -1.
     static int descriptor_of(const std::string& path);
-    /// Whether two paths would write to one file, or an output to an input (of which "-" is standard input).
+    /// Whether two paths would write to one file.
     static bool is_one(const std::string& output1, const std::string& output2);
-    static bool is_input(const std::string& output, const std::string& input);
+    /// The first of the inputs (of which "-" is standard input) that the output would write to; null: none.
+    static const std::string* first_input(const std::string& output, std::span<const std::string> inputs);
     /// The path of the file that would be written, without links, also where there is none yet.
     static std::string target_of(const std::string& path);
 
