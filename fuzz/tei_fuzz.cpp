@@ -46,11 +46,9 @@ public:
     void write(std::string_view text, std::uint64_t) override { m_lines += text; }
     void fault(const std::string&, const XmlPlace&, const std::string&) override {}
     void count(StatisticsPart&& part) override {
-        for (std::uint8_t kind = 0; kind < ConversionReport::COUNTS; ++kind) {
-            m_counted += part.sums.unlisted[kind];
-            for (const FrequentTexts::Text& text : part.texts.sorted(kind))
+        for (std::uint8_t kind = 0; kind < ConversionReport::COUNTS; ++kind)
+            for (const FrequentTexts::Text& text : part.texts.most_frequent(kind))
                 m_counted += text.count;
-        }
     }
     void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
 

@@ -67,7 +67,12 @@ const Column& tag_column(const ConversionOptions& options) {
     return pos == options.columns.end() ? options.columns.back() : *pos;
 }
 
-ColumnLines::ColumnLines(const ConversionOptions& options) : m_options(options), m_tag(tag_column(options)) {}
+ColumnLines::ColumnLines(const ConversionOptions& options)
+    : m_options(options), m_tag(tag_column(options)),
+      m_tag_number(static_cast<std::size_t>(&m_tag - options.columns.data())),
+      m_form(static_cast<std::size_t>(std::ranges::find(options.columns, Column::Kind::FORM, &Column::kind) -
+                                      options.columns.begin())),
+      m_has_form(m_form < options.columns.size()) {}
 
 std::string_view ColumnLines::value_of(const Column& column, const Token& token) {
     switch (column.kind) {
@@ -107,10 +112,11 @@ void ColumnLines::append_odd(Column::Kind kind, std::string_view value, TokenOut
 TokenOutcome ColumnLines::add(const Token& token) {
     if (token.flaw)
         return {false, false, token.flaw, {}};
-    if (!m_options.has_lexicon && value_of(m_tag, token).empty())
+    const std::string_view tag = value_of(m_tag, token);
+    if (!m_options.has_lexicon && tag.empty())
         return {false, false, ConversionReport::NO_TAG, {}};
     const std::size_t begin = m_lines.size();
-    TokenOutcome outcome{true, false, {}, {}};
+    TokenOutcome outcome{true, false, {}, {}, tag.empty() ? "_" : tag};
     for (const Column& column : m_options.columns) {
         if (m_lines.size() > begin)
             m_lines += m_options.separator;
@@ -125,7 +131,30 @@ TokenOutcome ColumnLines::add(const Token& token) {
         return {false, false, ConversionReport::BREAKS_LINE, {}};
     }
     m_lines += '\n';
+    if (outcome.is_replaced) {
+        std::size_t position = begin;
+        outcome.tag = next(position)->tag;
+    }
+    outcome.has_form = m_has_form && !outcome.is_replaced && !token.form.empty();
     return outcome;
+}
+
+std::optional<WrittenToken> ColumnLines::next(std::size_t& position) const {
+    if (position >= m_lines.size())
+        return std::nullopt;
+    const std::string_view rest = std::string_view(m_lines).substr(position);
+    std::string_view line = rest.substr(0, rest.find('\n'));
+    position += line.size() + 1;
+    WrittenToken token;
+    for (std::size_t column = 0; column < m_options.columns.size(); ++column) {
+        const std::string_view value = line.substr(0, line.find(m_options.separator));
+        if (column == m_form)
+            token.form = value;
+        if (column == m_tag_number)
+            token.tag = value;
+        line.remove_prefix(std::min(value.size() + 1, line.size()));
+    }
+    return token;
 }
 
 std::string ColumnLines::take_some() {

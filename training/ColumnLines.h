@@ -22,6 +22,7 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override;
     std::string_view end() override;
+    std::optional<WrittenToken> next(std::size_t& position) const override;
     void clear() override;
 
     /// What the column holds of a token; empty where it has none.
@@ -31,7 +32,9 @@ private:
     void append_odd(Column::Kind kind, std::string_view value, TokenOutcome& outcome);
 
     const ConversionOptions& m_options;
-    const Column& m_tag; ///< the column that must not be empty
+    const Column& m_tag;              ///< the column that must not be empty
+    std::size_t m_tag_number, m_form; ///< numbers of columns; that of the form, which there may be none of
+    bool m_has_form;
     std::string m_lines;
     bool m_has_end = false; ///< these lines
 };

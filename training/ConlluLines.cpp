@@ -22,10 +22,13 @@ bool is_no_token(ConversionReport::Count flaw) {
     return flaw == ConversionReport::NO_FORM || flaw == ConversionReport::MAPPED_AWAY;
 }
 
-/// The form in the line that begins here.
-std::string_view form_at(std::string_view lines, std::size_t begin) {
-    const std::size_t form = lines.find('\t', begin) + 1;
-    return lines.substr(form, lines.find('\t', form) - form);
+constexpr std::size_t FORM = 1, XPOS = 4;
+
+/// A column of the line that begins here.
+std::string_view column_at(std::string_view lines, std::size_t begin, std::size_t column) {
+    for (; column > 0; --column)
+        begin = lines.find('\t', begin) + 1;
+    return lines.substr(begin, lines.find('\t', begin) - begin);
 }
 
 } // namespace
@@ -79,7 +82,7 @@ void ConlluLines::end_group() {
     }
     for (std::size_t begin = group.begin, word = group.words + 1; begin < m_lines.size(); ++word) {
         const std::size_t size = m_lines.size(), end = m_lines.find('\n', begin);
-        append_text(form_at(m_lines, begin), group.joins_left && word == group.words + 1,
+        append_text(column_at(m_lines, begin, FORM), group.joins_left && word == group.words + 1,
                     group.joins_right && word == m_words, end - 1);
         begin = end + 1 + m_lines.size() - size;
     }
@@ -88,7 +91,7 @@ void ConlluLines::end_group() {
 /// A token is written without what it lacks, unless that is its form.
 TokenOutcome ConlluLines::add(const Token& token) {
     const std::string_view form = without_wide_runs(token.form, m_collapsed);
-    const bool has_form = !trimmed(form).empty();
+    const bool has_form = !trimmed(form).empty(), is_collapsed = form.data() != token.form.data();
     if (token.flaw && is_no_token(*token.flaw))
         return {false, false, token.flaw, {}};
     if (!has_form && (token.flaw || !m_options.has_lexicon))
@@ -115,9 +118,24 @@ TokenOutcome ConlluLines::add(const Token& token) {
     m_lines += "_\n";
     ++m_words;
     if (!m_group)
-        append_text(form_at(m_lines, begin), joins_left(token), joins_right(token), m_lines.size() - 2);
+        append_text(column_at(m_lines, begin, FORM), joins_left(token), joins_right(token), m_lines.size() - 2);
     outcome.unfit = m_unfit;
+    outcome.has_form = has_form && !is_collapsed && !outcome.is_replaced;
+    outcome.tag = token.pos.empty() ? EMPTY : token.pos;
+    if (outcome.is_replaced)
+        outcome.tag = column_at(m_lines, m_lines.rfind('\n', m_lines.size() - 2) + 1, XPOS);
     return outcome;
+}
+
+std::optional<WrittenToken> ConlluLines::next(std::size_t& position) const {
+    while (position < m_lines.size()) {
+        const std::size_t begin = position;
+        position = m_lines.find('\n', begin) + 1;
+        const bool is_of_several = column_at(m_lines, begin, 0).find('-') != std::string_view::npos;
+        if (!is_of_several)
+            return WrittenToken{column_at(m_lines, begin, FORM), column_at(m_lines, begin, XPOS)};
+    }
+    return std::nullopt;
 }
 
 bool ConlluLines::append(std::string_view value, bool with_white_space, TokenOutcome& outcome) {

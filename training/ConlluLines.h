@@ -27,6 +27,7 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override { return {}; }
     std::string_view end() override;
+    std::optional<WrittenToken> next(std::size_t& position) const override;
     void clear() override;
 
 private:

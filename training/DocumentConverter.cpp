@@ -4,7 +4,7 @@
 #include "training/AttributeTokens.h"
 #include "training/ColumnLines.h"
 #include "training/ConlluLines.h"
-#include "training/ConversionStatistics.h"
+#include "training/DocumentStatistics.h"
 #include "training/LexiconAnnotation.h"
 #include "training/LexiconTokens.h"
 #include "training/Survey.h"
@@ -87,7 +87,7 @@ std::unique_ptr<SentenceFormat> make_format(const ConversionOptions& options) {
 struct DocumentConverter::Stages {
     Stages(const ConversionOptions& all_options, const Tables& tables, std::unique_ptr<SentenceFormat> own_format)
         : options(all_options), format(own_format ? std::move(own_format) : make_format(options)),
-          statistics([this] { return reader->place(); }),
+          statistics(*format, [this] { return reader->place(); }),
           sentences(options, *format, report, tables.with_statistics ? &statistics : nullptr,
                     [this] { return reader->place(); }) {
         if (tables.lexicon)

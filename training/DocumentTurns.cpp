@@ -9,8 +9,8 @@ namespace zelvor {
 
 namespace {
 
-/// Of all documents, when all that may be kept is kept.
-constexpr std::size_t MAX_KEPT_STATISTICS = std::size_t{512} * 1024;
+/// In bytes, of all documents but the one in turn: with what that and the run take, no more than 8 MB.
+constexpr std::size_t MAX_STATISTICS = std::size_t{1536} * 1024;
 
 constexpr std::size_t MIN_PIECE = 1024, MAX_PIECE = std::size_t{64} * 1024;
 
@@ -79,6 +79,7 @@ void DocumentTurns::deliver(Document::Kept& kept) {
         throw;
     }
     m_kept_bytes -= std::exchange(kept.bytes, 0);
+    m_statistics_bytes -= std::exchange(kept.statistics_bytes, 0);
 }
 
 void DocumentTurns::finish(std::size_t number, Document::Kept&& ended) {
@@ -177,12 +178,26 @@ void DocumentTurns::Document::left_out(ConversionReport::Count reason, const std
 }
 
 void DocumentTurns::Document::count(StatisticsPart&& part) {
-    if (is_in_turn())
-        return m_turns.m_outlet.count(part);
-    const std::size_t bytes = part.bytes();
+    if (is_in_turn()) {
+        m_turns.m_outlet.count(part);
+        return release(part.texts.bytes());
+    }
+    m_turns.m_statistics_bytes += sizeof part;
+    m_kept.statistics_bytes += part.bytes();
     m_kept.steps.add(std::move(part));
-    wait_for_room(bytes * std::max<std::size_t>(m_turns.m_max_kept_bytes / MAX_KEPT_STATISTICS, 1));
 }
+
+void DocumentTurns::Document::claim(std::size_t bytes) {
+    std::unique_lock lock(m_turns.m_mutex);
+    m_turns.m_changed.wait(lock, [&] {
+        return m_turns.m_is_stopped || m_turns.m_in_turn == m_number ||
+               m_turns.m_statistics_bytes + bytes <= MAX_STATISTICS;
+    });
+    m_turns.m_statistics_bytes += bytes;
+}
+
+/// Who waits is told when the turn changes.
+void DocumentTurns::Document::release(std::size_t bytes) { m_turns.m_statistics_bytes -= bytes; }
 
 void DocumentTurns::Document::end(const ConversionReport& report, std::unique_ptr<Survey> survey,
                                   std::exception_ptr thrown) {

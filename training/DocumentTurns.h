@@ -81,6 +81,8 @@ public:
         void left_out(ConversionReport::Count reason, const std::string& document, const XmlPlace& place,
                       const std::string& text) override;
         void count(StatisticsPart&& part) override;
+        void claim(std::size_t bytes) override;
+        void release(std::size_t bytes) override;
         bool is_cancelled() const override { return m_turns.m_is_stopped; }
 
         /// For what can be read but once, and may have to be waited for: false after a stop.
@@ -105,7 +107,7 @@ public:
             ConversionReport report;
             std::unique_ptr<Survey> survey;
             std::exception_ptr thrown;
-            std::size_t bytes = 0;
+            std::size_t bytes = 0, statistics_bytes = 0; ///< the latter claimed
         } m_kept;
     };
 
@@ -127,7 +129,8 @@ private:
     std::size_t m_next = 0;            ///< to be taken
     std::atomic<std::size_t> m_in_turn = 0;
     std::atomic<std::size_t> m_kept_bytes = 0;
-    std::map<std::size_t, Document::Kept> m_ended; ///< before their turn
+    std::atomic<std::size_t> m_statistics_bytes = 0; ///< claimed by documents, and kept
+    std::map<std::size_t, Document::Kept> m_ended;   ///< before their turn
     std::atomic<bool> m_is_stopped = false;
     std::exception_ptr m_thrown;
 };

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -14,14 +14,16 @@ namespace zelvor {
 /// Counts texts of several kinds in bounded memory, after J. Misra and D. Gries, Finding repeated elements (1982), with
 /// many counters lowered at once: where there is no room for another text, the kind with the most texts loses those
 /// that came least, and the counts of its others are lowered by as much. So every count is too low by at most the
-/// error of its kind, and a text that came more often than that is among them.
+/// error of its kind, and a text that came more often than that is among them. Texts are told apart by all of their
+/// bytes, those of more than 16 by their length and 128 bits of a hash.
 class FrequentTexts {
 public:
     static constexpr std::uint32_t NONE = HashIndex::NONE;
     static constexpr std::size_t KINDS = 32;
-    static constexpr std::size_t MAX_TEXT = 100; ///< in bytes; texts count by their beginning
+    static constexpr std::size_t MAX_SHOWN = 100; ///< in bytes; of a text no more is kept, in whole characters
+    static constexpr std::size_t MAX_FILE = 4096; ///< in bytes; a longer name is not kept
 
-    /// Where a text came first.
+    /// Where a text came first, or where it came first after it had to go.
     struct Place {
         std::uint32_t document = 0;
         std::uint32_t line = 0;
@@ -33,7 +35,8 @@ public:
         std::uint32_t bytes;
     };
     struct Text {
-        std::string_view text;
+        std::string_view beginning;
+        std::uint64_t bytes; ///< of all of the text
         std::uint64_t count;
         Place place;
     };
@@ -42,43 +45,70 @@ public:
 
     /// The number of a text, or NONE.
     std::uint32_t find(std::uint8_t kind, std::string_view text) const;
-    bool has_room(std::string_view text, std::string_view file) const;
+    /// Whether there may be no room for another text.
+    bool is_full() const { return !has_room(MAX_SHOWN + MAX_FILE); }
     /// Enters a text that is not there, as the next number and with the count 0; there must be room for it.
     std::uint32_t enter(std::uint8_t kind, std::string_view text, const Place& place);
-    void raise(std::uint32_t number, std::uint64_t count) { m_entries[number].count += count; }
+    /// Raises the count of a text, if it is there.
+    bool raise_known(std::uint8_t kind, std::string_view text, std::int64_t count);
+    /// The count may be lowered, too, down to 0; the text stays.
+    void raise(std::uint32_t number, std::int64_t count) {
+        m_entries[number].count += static_cast<std::uint64_t>(count);
+    }
 
-    std::uint32_t size() const { return static_cast<std::uint32_t>(m_entries.size()); }
-    const Room& room() const { return m_room; }
-    std::size_t bytes() const; ///< that it takes, about
+    bool is_empty() const { return m_entries.empty(); }
+    std::size_t bytes() const; ///< that are allocated
+    /// What enter() would allocate, beside what it gives back then.
+    std::size_t growth(std::string_view text, std::string_view file) const;
 
     /// Adds all that another one has counted, in its order, as of this document; makes room where there is none.
     void add(const FrequentTexts& other, std::uint32_t document);
 
-    /// All of a kind, the most frequent first, of equal ones that which came first. The views are valid as long as
-    /// nothing is added.
-    std::vector<Text> sorted(std::uint8_t kind) const;
+    /// The most frequent texts of a kind, so many at most, of equal ones that which came first. The views are valid as
+    /// long as nothing is added.
+    std::vector<Text> most_frequent(std::uint8_t kind, std::size_t most = NONE) const;
+    /// How many texts of a kind came less often than that.
+    std::uint64_t distinct(std::uint8_t kind, std::uint64_t limit = std::numeric_limits<std::uint64_t>::max()) const;
     std::uint64_t error(std::uint8_t kind) const { return m_errors[kind]; }
 
 private:
-    struct Entry {
-        std::uint64_t hash, count;
-        std::uint32_t begin; ///< of the text in m_bytes, the file behind it
+    /// What tells a text from others.
+    struct Key {
+        std::uint64_t first, last; ///< bytes, or both halves of the hash
+        std::uint32_t length_and_kind;
+
+        std::uint32_t length() const { return length_and_kind / KINDS; }
+        std::uint32_t kind() const { return length_and_kind % KINDS; }
+    };
+    struct Entry : Key {
+        std::uint32_t begin; ///< in m_bytes, of what is kept of the text, the file behind it
+        std::uint64_t count;
         std::uint32_t document, line;
         std::uint16_t file_length;
-        std::uint8_t length, kind;
+        std::uint8_t shown_length;
     };
 
-    std::uint32_t find(std::uint64_t hash, std::uint8_t kind, std::string_view text) const;
-    std::uint32_t enter(std::uint64_t hash, std::uint8_t kind, std::string_view text, const Place& place);
-    void reserve(std::size_t bytes);
+    static Key key_of(std::uint8_t kind, std::string_view text);
+    static Key long_key(std::uint32_t length_and_kind, std::string_view text);
+    static std::uint64_t hash_of(const Key& key);
+
+    std::uint32_t find(const Key& key) const;
+    std::uint32_t enter(const Key& key, std::string_view shown, const Place& place);
+    bool has_room(std::size_t bytes) const {
+        return m_entries.size() < m_room.texts && m_bytes.size() + bytes <= m_room.bytes;
+    }
+    std::size_t next_entries() const;
+    std::size_t next_bytes(std::size_t bytes) const;
+    std::uint32_t add_to_index();
     void make_room();
+    std::uint64_t middle_count(std::uint8_t kind, std::size_t texts) const;
     void drop(std::uint8_t kind, std::uint64_t cut);
-    std::string_view text_of(const Entry& entry) const { return {m_bytes.data() + entry.begin, entry.length}; }
+    std::string_view text_of(const Entry& entry) const { return {m_bytes.data() + entry.begin, entry.shown_length}; }
     std::string_view file_of(const Entry& entry) const { return {text_of(entry).end(), entry.file_length}; }
 
     Room m_room;
     std::vector<Entry> m_entries;
-    std::string m_bytes;
+    std::vector<char> m_bytes;
     HashIndex m_index;
     std::array<std::uint64_t, KINDS> m_errors{};
 };

@@ -13,9 +13,9 @@ std::string ReportContents::file(std::uint32_t number, std::string_view file) co
     return file.empty() ? document(number) : shown_path(file);
 }
 
-std::string shown_counted(std::string_view text) {
-    const bool may_be_cut = text.size() > FrequentTexts::MAX_TEXT - 4; // of a character that did not fit
-    return shown(text) + (may_be_cut ? "..." : "");
+std::string shown_counted(const FrequentTexts::Text& text) {
+    const bool is_whole = text.beginning.size() == text.bytes;
+    return shown(text.beginning) + (is_whole ? "" : "... (" + shown_count(text.bytes) + " bytes)");
 }
 
 } // namespace zelvor

@@ -26,7 +26,7 @@ struct ReportContents {
     std::string file(std::uint32_t document, std::string_view file) const;
 };
 
-/// A text that was counted, for people: "..." behind one of which only the beginning was.
-std::string shown_counted(std::string_view text);
+/// A text that was counted, for people; "... (1,234 bytes)" behind one of which only the beginning is there.
+std::string shown_counted(const FrequentTexts::Text& text);
 
 } // namespace zelvor

@@ -21,11 +21,18 @@ struct Unfit {
     std::string_view text;
 };
 
+/// A token as its line has it, valid until the format is called again.
+struct WrittenToken {
+    std::string_view form, tag; ///< empty where no column holds it
+};
+
 struct TokenOutcome {
     bool is_written = false;
     bool is_replaced = false;                      ///< with "_" for something that would have broken the line
     std::optional<ConversionReport::Count> reason; ///< why it is left out, or what it lacks all the same
     std::span<const Unfit> unfit;                  ///< valid as long as the token
+    std::string_view tag = {};                     ///< as it is written; valid until the format is called again
+    bool has_form = false;                         ///< its line holds its form, byte for byte
 };
 
 /// What a sentence looks like in training data; made token by token. A format that needs no more than the tokens need
@@ -47,6 +54,9 @@ public:
     virtual std::string take_some() = 0;
     /// All of the sentence, with its end; to be called anew each time that it is written. Valid until the next call.
     virtual std::string_view end() = 0;
+    /// The next of the tokens that end() would write, from `position` on, which is moved behind it and begins at 0;
+    /// none after the last. Only what counts tokens needs it.
+    virtual std::optional<WrittenToken> next(std::size_t& /*position*/) const { return std::nullopt; }
     /// Drops the tokens.
     virtual void clear() = 0;
 };

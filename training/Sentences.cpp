@@ -1,17 +1,25 @@
 #include "training/Sentences.h"
 
-#include "training/ColumnLines.h"
-#include "training/ConversionStatistics.h"
+#include "training/DocumentStatistics.h"
 
 #include <utility>
 
 namespace zelvor {
 
+namespace {
+
+/// Most are one view.
+bool is_same(std::string_view one, std::string_view other) {
+    return one.size() == other.size() && (one.data() == other.data() || one == other);
+}
+
+} // namespace
+
 Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, ConversionReport& report,
                      DocumentStatistics* statistics, std::function<XmlPlace()> place)
     : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN),
       m_writes_empty(options.has_lexicon && options.format == ConversionOptions::Format::COLUMNS), m_format(format),
-      m_report(report), m_statistics(statistics), m_tag(tag_column(options)), m_place(std::move(place)) {}
+      m_report(report), m_statistics(statistics), m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_document = name;
@@ -24,7 +32,7 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_has_begun = false;
     m_is_whole = true;
     if (m_statistics)
-        m_statistics->begin_document([this](StatisticsPart&& part) { m_sink->count(std::move(part)); });
+        m_statistics->begin_document(sink);
 }
 
 void Sentences::end_document() {
@@ -72,7 +80,7 @@ void Sentences::finish(std::uint64_t times) {
 void Sentences::drop(ConversionReport::Count reason) {
     m_report[reason] += m_tokens;
     if (m_statistics)
-        m_statistics->drop(reason, m_tokens);
+        m_statistics->drop(reason);
     for (const auto& [place, text] : m_told)
         m_sink->left_out(reason, m_document, place, text);
 }
@@ -102,18 +110,19 @@ void Sentences::add(const Token& token, std::string_view text) {
         m_is_whole = false;
         return leave_out(*outcome.reason, text, token.detail);
     }
-    note_lacks(outcome, text, token.detail);
     ++m_tokens;
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
-    const bool may_be_dropped = m_ends == 0 || m_options.whole_sentences;
     if (m_statistics) {
-        const std::string_view tag = ColumnLines::value_of(m_tag, token);
-        m_statistics->add(tag.empty() ? "_" : tag, text, may_be_dropped);
+        m_statistics->add(outcome.tag, is_certain());
+        const bool is_told = outcome.has_form && is_same(text, token.form);
+        if (!is_told && may_be_dropped())
+            m_statistics->remember(m_tokens - 1, text);
     }
-    if (m_options.verbose && may_be_dropped)
+    if (m_options.verbose && may_be_dropped())
         m_told.emplace_back(m_place(), text);
-    if (m_ends == 1 && m_depth == 0 && !m_options.whole_sentences)
+    note_lacks(outcome, text, token.detail);
+    if (is_certain())
         if (const std::string some = m_format.take_some(); !some.empty())
             m_sink->write(some, std::exchange(m_unwritten, 0));
 }

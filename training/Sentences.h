@@ -36,6 +36,10 @@ public:
                           const std::string& text) = 0;
     /// What is to be counted of the document; only where statistics are.
     virtual void count(StatisticsPart&& part) = 0;
+    /// They are about to take so many bytes, which waits while there are too many; they do no longer, unless these went
+    /// with a part.
+    virtual void claim(std::size_t /*bytes*/) {}
+    virtual void release(std::size_t /*bytes*/) {}
     /// Whether the rest of the document is not wanted any more.
     virtual bool is_cancelled() const { return false; }
 };
@@ -87,6 +91,10 @@ private:
     void drop(ConversionReport::Count reason);
     void write(std::uint64_t times);
     void leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail);
+    /// Whether the open sentence may still come to nothing.
+    bool may_be_dropped() const { return m_ends == 0 || m_options.whole_sentences; }
+    /// Whether it is written once, whatever comes.
+    bool is_certain() const { return m_ends == 1 && m_depth == 0 && !m_options.whole_sentences; }
     void note_lacks(const TokenOutcome& outcome, std::string_view text, std::string_view detail);
     /// Throws ConversionStopped.
     void stop_where_wanted(ConversionReport::Count reason, std::string_view text) const;
@@ -98,7 +106,6 @@ private:
     SentenceFormat& m_format;
     ConversionReport& m_report;
     DocumentStatistics* m_statistics;
-    const Column& m_tag;
     ConversionSink* m_sink = nullptr;
     std::function<XmlPlace()> m_place;
 

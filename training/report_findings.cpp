@@ -15,8 +15,8 @@ using Count = ConversionReport::Count;
 // Rules of thumb; docs/tei2crf.md tells them.
 constexpr std::uint64_t FEW_TOKENS = 20'000;
 constexpr double MUCH = 0.01, TOO_MUCH = 0.1; ///< of what was left out
-constexpr std::uint64_t RARE = 3;             ///< tokens of a tag
-constexpr double MANY_RARE = 0.2;             ///< of the tags
+constexpr std::uint64_t RARE = ConversionStatistics::RARE;
+constexpr double MANY_RARE = 0.2; ///< of the tags
 constexpr double LONG_SENTENCES = 60, SHORT_SENTENCES = 3;
 
 double share(std::uint64_t part, std::uint64_t all) {
@@ -96,15 +96,13 @@ void Search::find_tokens_left_out() {
 }
 
 void Search::find_faults_of_tags() {
-    const auto tags = m_contents.statistics.frequent(ConversionStatistics::TAG);
-    if (tags.texts.size() == 1 && tags.is_exact()) {
+    const auto tags = m_contents.statistics.frequent(ConversionStatistics::TAG, 0);
+    if (tags.distinct == 1 && tags.is_exact()) {
         m_is_bad = true;
         mend("All tokens have the same tag: there is nothing to learn. --columns or --pos name the tags.");
     }
-    const auto rare = static_cast<std::uint64_t>(
-        std::ranges::count_if(tags.texts, [](const FrequentTexts::Text& tag) { return tag.count < RARE; }));
-    if (tags.is_exact() && rare > 1 && share(rare, tags.texts.size()) >= MANY_RARE)
-        mend(shown_count(rare) + " of " + shown_count(tags.texts.size()) + " tags come less than " +
+    if (tags.is_exact() && tags.rare > 1 && share(tags.rare, tags.distinct) >= MANY_RARE)
+        mend(shown_count(tags.rare) + " of " + shown_count(tags.distinct) + " tags come less than " +
              std::to_string(RARE) +
              " times, too rarely to be learnt. Where they are misprints or too fine, --map renames them.");
 }

@@ -4,8 +4,6 @@
 
 #include <json/json.h>
 
-#include <algorithm>
-#include <span>
 #include <utility>
 
 namespace zelvor {
@@ -13,10 +11,6 @@ namespace zelvor {
 namespace {
 
 using Count = ConversionReport::Count;
-
-std::span<const FrequentTexts::Text> first(const std::vector<FrequentTexts::Text>& texts, std::size_t most) {
-    return std::span(texts).first(std::min(texts.size(), most));
-}
 
 Json::Value place_json(const ReportContents& contents, std::uint32_t document, std::string_view file, long line) {
     Json::Value place;
@@ -27,21 +21,20 @@ Json::Value place_json(const ReportContents& contents, std::uint32_t document, s
 
 Json::Value summary_of(const ConversionStatistics::Frequent& frequent) {
     Json::Value summary;
-    summary["distinct"] = Json::UInt64{frequent.texts.size()};
+    summary["distinct"] = Json::UInt64{frequent.distinct};
     summary["error"] = Json::UInt64{frequent.error};
     summary["exact"] = frequent.is_exact();
-    summary["unlisted"] = Json::UInt64{frequent.unlisted};
     summary["most_frequent"] = Json::arrayValue;
     return summary;
 }
 
 Json::Value tags_json(const ReportContents& contents) {
-    const auto tags = contents.statistics.frequent(ConversionStatistics::TAG);
+    const auto tags = contents.statistics.frequent(ConversionStatistics::TAG, ReportContents::MAX_TAGS);
     Json::Value json = summary_of(tags);
     json["column"] = shown(contents.tag_column);
-    for (const FrequentTexts::Text& tag : first(tags.texts, ReportContents::MAX_TAGS)) {
+    for (const FrequentTexts::Text& tag : tags.texts) {
         Json::Value row;
-        row["tag"] = shown_counted(tag.text);
+        row["tag"] = shown_counted(tag);
         row["tokens"] = Json::UInt64{tag.count};
         json["most_frequent"].append(std::move(row));
     }
@@ -49,12 +42,12 @@ Json::Value tags_json(const ReportContents& contents) {
 }
 
 Json::Value tokens_json(const ReportContents& contents, Count reason) {
-    const auto tokens = contents.statistics.frequent(reason);
+    const auto tokens = contents.statistics.frequent(reason, ReportContents::MAX_TOKENS);
     Json::Value json = summary_of(tokens);
-    for (const auto& [text, count, place] : first(tokens.texts, ReportContents::MAX_TOKENS)) {
-        Json::Value row = place_json(contents, place.document, place.file, place.line);
-        row["token"] = shown_counted(text);
-        row["tokens"] = Json::UInt64{count};
+    for (const FrequentTexts::Text& token : tokens.texts) {
+        Json::Value row = place_json(contents, token.place.document, token.place.file, token.place.line);
+        row["token"] = shown_counted(token);
+        row["tokens"] = Json::UInt64{token.count};
         json["most_frequent"].append(std::move(row));
     }
     return json;

@@ -98,7 +98,7 @@ std::string bar_cell(std::uint64_t part, std::uint64_t all, std::size_t color) {
 
 /// Of different texts.
 std::string number_of(const ConversionStatistics::Frequent& frequent) {
-    return (frequent.is_exact() ? "" : "At least ") + shown_count(frequent.texts.size());
+    return (frequent.is_exact() ? "" : "At least ") + shown_count(frequent.distinct);
 }
 
 /// The page, section by section.
@@ -208,23 +208,23 @@ void Page::add_left_out() {
 }
 
 void Page::add_tokens_of(Count reason) {
-    const auto tokens = m_contents.statistics.frequent(reason);
+    const auto tokens = m_contents.statistics.frequent(reason, ReportContents::MAX_TOKENS);
     m_text += "<h3>" + escaped(label_of(reason)) + ": " + shown_count(m_report[reason]) + "</h3>\n<p>" +
               escaped(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
-    const std::size_t listed = std::min(tokens.texts.size(), ReportContents::MAX_TOKENS);
-    m_text += "<p class=\"soft\">" + number_of(tokens) + (tokens.texts.size() == 1 ? " token" : " different tokens") +
-              (tokens.texts.size() > listed ? ", the most frequent " + std::to_string(listed) : std::string()) +
+    m_text += "<p class=\"soft\">" + number_of(tokens) + (tokens.distinct == 1 ? " token" : " different tokens") +
+              (tokens.distinct > tokens.texts.size() ? ", the most frequent " + shown_count(tokens.texts.size())
+                                                     : std::string()) +
               ":</p>\n";
     add_estimate(tokens);
-    m_text += "<table>\n<tr><th>Token</th><th class=\"number\">Times</th><th class=\"chart\"></th><th "
-              "class=\"place\">First in</th></tr>\n";
-    for (std::size_t i = 0; i < listed; ++i) {
-        const auto& [text, count, place] = tokens.texts[i];
+    m_text +=
+        "<table>\n<tr><th>Token</th><th class=\"number\">Times</th><th class=\"chart\"></th><th class=\"place\">" +
+        std::string(tokens.is_exact() ? "First in" : "In") + "</th></tr>\n";
+    for (const FrequentTexts::Text& token : tokens.texts)
         m_text += "<tr><td class=\"token\">" +
-                  (text.empty() ? "<span class=\"soft\">(no text)</span>" : isolated(shown_counted(text))) + "</td>" +
-                  number_cell(shown_count(count)) + bar_cell(count, tokens.texts.front().count, color_of(reason)) +
-                  "<td class=\"place\">" + this->place(place.document, place.file, place.line) + "</td></tr>\n";
-    }
+                  (token.bytes == 0 ? "<span class=\"soft\">(no text)</span>" : isolated(shown_counted(token))) +
+                  "</td>" + number_cell(shown_count(token.count)) +
+                  bar_cell(token.count, tokens.texts.front().count, color_of(reason)) + "<td class=\"place\">" +
+                  place(token.place.document, token.place.file, token.place.line) + "</td></tr>\n";
     m_text += "</table>\n";
 }
 
@@ -234,10 +234,6 @@ void Page::add_estimate(const ConversionStatistics::Frequent& frequent) {
                   shown_count(frequent.error) +
                   " at most, and texts that came no more often than that may be "
                   "missing.</p>\n";
-    if (frequent.unlisted > 0)
-        m_text += "<p>Of sentences too long for it, " + shown_count(frequent.unlisted) +
-                  " tokens could not be counted by their text: these counts are estimates, too low by as many in "
-                  "all.</p>\n";
 }
 
 std::string Page::place(std::uint32_t document, std::string_view file, long line) const {
@@ -307,19 +303,20 @@ void Page::add_sentences() {
 }
 
 void Page::add_tags() {
-    const auto tags = m_contents.statistics.frequent(ConversionStatistics::TAG);
+    const auto tags = m_contents.statistics.frequent(ConversionStatistics::TAG, ReportContents::MAX_TAGS);
     m_text += "<h2>Tags</h2>\n";
     if (tags.texts.empty()) {
         m_text += "<p>No token was written.</p>\n";
         return;
     }
-    const std::size_t listed = std::min(tags.texts.size(), ReportContents::MAX_TAGS);
-    m_text += "<p class=\"soft\">" + number_of(tags) + (tags.texts.size() == 1 ? " value" : " different values") +
-              " of the column " + isolated(shown(m_contents.tag_column)) +
-              (tags.texts.size() > listed ? ", the most frequent " + shown_count(listed) : std::string()) + ":</p>\n";
+    m_text +=
+        "<p class=\"soft\">" + number_of(tags) + (tags.distinct == 1 ? " value" : " different values") +
+        " of the column " + isolated(shown(m_contents.tag_column)) +
+        (tags.distinct > tags.texts.size() ? ", the most frequent " + shown_count(tags.texts.size()) : std::string()) +
+        ":</p>\n";
     add_estimate(tags);
-    const std::span shown(tags.texts.data(), std::min(listed, SHOWN_TAGS));
-    const std::span folded(tags.texts.data() + shown.size(), listed - shown.size());
+    const std::span all(tags.texts);
+    const std::span shown = all.first(std::min(all.size(), SHOWN_TAGS)), folded = all.subspan(shown.size());
     add_rows_of_tags(shown, shown.front().count);
     if (folded.empty())
         return;
@@ -332,7 +329,7 @@ void Page::add_rows_of_tags(std::span<const FrequentTexts::Text> tags, std::uint
     m_text += "<table>\n<tr><th>Tag</th><th class=\"number\">Tokens</th><th class=\"number\">Share</th>"
               "<th class=\"chart\"></th></tr>\n";
     for (const FrequentTexts::Text& tag : tags)
-        m_text += "<tr><td>" + isolated(shown_counted(tag.text)) + "</td>" + number_cell(shown_count(tag.count)) +
+        m_text += "<tr><td>" + isolated(shown_counted(tag)) + "</td>" + number_cell(shown_count(tag.count)) +
                   number_cell(percent(tag.count, m_written)) + bar_cell(tag.count, most, 0) + "</tr>\n";
     m_text += "</table>\n";
 }

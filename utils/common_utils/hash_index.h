@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -31,13 +32,27 @@ public:
             place(number, hash_of(number));
             return number;
         }
-        m_slots.assign(m_slots.empty() ? 16 : m_slots.size() * 2, NONE);
+        m_slots.assign(next_slots(), NONE);
         for (std::uint32_t known = 0; known <= number; ++known)
             place(known, hash_of(known));
         return number;
     }
 
+    /// Forgets all numbers, and keeps the room for them.
+    void clear() {
+        std::ranges::fill(m_slots, NONE);
+        m_size = 0;
+    }
+
+    std::size_t bytes() const { return m_slots.size() * sizeof(std::uint32_t); }
+    /// What add() would allocate for the next number, beside what it gives back then.
+    std::size_t growth() const {
+        return (std::size_t{m_size} + 1) * 4 <= m_slots.size() * 3 ? 0 : next_slots() * sizeof(std::uint32_t);
+    }
+
 private:
+    std::size_t next_slots() const { return m_slots.empty() ? 16 : m_slots.size() * 2; }
+
     void place(std::uint32_t number, std::uint64_t hash) {
         std::size_t slot = hash & (m_slots.size() - 1);
         while (m_slots[slot] != NONE)

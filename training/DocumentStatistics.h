@@ -1,0 +1,72 @@
+#pragma once
+
+#include "training/ConversionReport.h"
+#include "training/ConversionStatistics.h"
+#include "training/SentenceFormat.h"
+#include "training/XmlReader.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zelvor {
+
+class ConversionSink;
+
+/// Counts one document after the other: what its sentences are made of, and what is left out. A tag counts as its token
+/// comes. Where the sentence turns out to be dropped, or to be written several times, its lines tell what to make good;
+/// so they do where too much has come to be kept, which goes on as a part of the document. Takes 110 KB at most, and
+/// claims from the sink what it takes.
+class DocumentStatistics {
+public:
+    using Place = std::function<XmlPlace()>;
+
+    /// Where the lines of the open sentence are, and where the parser is.
+    DocumentStatistics(const SentenceFormat& lines, Place place);
+
+    /// The sink must live as long as the document.
+    void begin_document(ConversionSink& sink);
+    /// A token of the sentence whose line is there, with its tag. `is_certain`: from here on, no token of the sentence
+    /// is dropped, and all are written once.
+    void add(std::string_view tag, bool is_certain) {
+        if (!m_has_begun || m_is_deferred || is_certain || !m_texts.raise_known(TAG, tag, 1))
+            add_otherwise(tag, is_certain);
+    }
+    /// The text of the token with that number in the sentence, whose line does not tell it.
+    void remember(std::uint64_t number, std::string_view text) { m_texts_of_sentence.emplace_back(number, text); }
+    void leave_out(ConversionReport::Count reason, std::string_view text);
+    /// What becomes of the tokens of the sentence, so many; it ends with either.
+    void write(std::uint64_t tokens, std::uint64_t times);
+    void drop(ConversionReport::Count reason);
+    /// Sends what there is.
+    void end_document();
+
+private:
+    static constexpr std::uint8_t TAG = ConversionStatistics::TAG;
+
+    void leave_out(ConversionReport::Count reason, std::string_view text, const Place& place);
+    void add_otherwise(std::string_view tag, bool is_certain);
+    bool count(std::string_view tag, std::int64_t times);
+    bool enter(std::uint8_t kind, std::string_view text, std::int64_t times, const XmlPlace& place);
+    void add_lines(std::int64_t times);
+    void take_back();
+    void send_without_sentence();
+    void send();
+    void end_sentence();
+
+    const SentenceFormat& m_lines;
+    Place m_place;
+    ConversionSink* m_sink = nullptr;
+    FrequentTexts m_texts;
+    StatisticsSums m_sums;
+    XmlPlace m_begin; ///< of the sentence
+    bool m_has_begun = false;
+    bool m_is_deferred = false; ///< the lines of the sentence are not counted yet
+    std::vector<std::pair<std::uint64_t, std::string>> m_texts_of_sentence;
+};
+
+} // namespace zelvor
