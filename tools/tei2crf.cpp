@@ -11,6 +11,8 @@
 #include <chrono>
 #include <iostream>
 #include <new>
+#include <string>
+#include <vector>
 
 #include <unistd.h>
 

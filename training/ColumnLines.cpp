@@ -112,11 +112,15 @@ void ColumnLines::append_odd(Column::Kind kind, std::string_view value, TokenOut
 TokenOutcome ColumnLines::add(const Token& token) {
     if (token.flaw)
         return {false, false, token.flaw, {}};
-    const std::string_view tag = value_of(m_tag, token);
-    if (!m_options.has_lexicon && tag.empty())
+    if (!m_options.has_lexicon && value_of(m_tag, token).empty())
         return {false, false, ConversionReport::NO_TAG, {}};
+    return add_line(token);
+}
+
+/// Its outcome is made where it is returned to: it would cost much to copy right after its bytes are set.
+TokenOutcome ColumnLines::add_line(const Token& token) {
     const std::size_t begin = m_lines.size();
-    TokenOutcome outcome{true, false, {}, {}, tag.empty() ? "_" : tag};
+    TokenOutcome outcome{true, false, {}, {}};
     for (const Column& column : m_options.columns) {
         if (m_lines.size() > begin)
             m_lines += m_options.separator;
@@ -128,15 +132,16 @@ TokenOutcome ColumnLines::add(const Token& token) {
     }
     if (!outcome.is_written || m_lines.size() - begin > MAX_TOKEN_LINE) {
         m_lines.resize(begin);
-        return {false, false, ConversionReport::BREAKS_LINE, {}};
+        outcome = {false, false, ConversionReport::BREAKS_LINE, {}};
+        return outcome;
     }
     m_lines += '\n';
-    if (outcome.is_replaced) {
-        std::size_t position = begin;
-        outcome.tag = next(position)->tag;
-    }
-    outcome.has_form = m_has_form && !outcome.is_replaced && !token.form.empty();
     return outcome;
+}
+
+WrittenToken ColumnLines::last(const Token& /*token*/, const TokenOutcome& /*outcome*/) const {
+    std::size_t position = m_lines.rfind('\n', m_lines.size() - 2) + 1; // or 0
+    return *next(position);
 }
 
 std::optional<WrittenToken> ColumnLines::next(std::size_t& position) const {

@@ -22,6 +22,8 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override;
     std::string_view end() override;
+    bool keeps_form_and_pos() const override { return m_has_form && m_tag.kind == Column::Kind::POS; }
+    WrittenToken last(const Token& token, const TokenOutcome& outcome) const override;
     std::optional<WrittenToken> next(std::size_t& position) const override;
     void clear() override;
 
@@ -29,6 +31,7 @@ public:
     static std::string_view value_of(const Column& column, const Token& token);
 
 private:
+    TokenOutcome add_line(const Token& token);
     void append_odd(Column::Kind kind, std::string_view value, TokenOutcome& outcome);
 
     const ConversionOptions& m_options;

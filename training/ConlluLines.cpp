@@ -91,7 +91,8 @@ void ConlluLines::end_group() {
 /// A token is written without what it lacks, unless that is its form.
 TokenOutcome ConlluLines::add(const Token& token) {
     const std::string_view form = without_wide_runs(token.form, m_collapsed);
-    const bool has_form = !trimmed(form).empty(), is_collapsed = form.data() != token.form.data();
+    const bool has_form = !trimmed(form).empty();
+    m_is_collapsed = form.data() != token.form.data();
     if (token.flaw && is_no_token(*token.flaw))
         return {false, false, token.flaw, {}};
     if (!has_form && (token.flaw || !m_options.has_lexicon))
@@ -120,11 +121,14 @@ TokenOutcome ConlluLines::add(const Token& token) {
     if (!m_group)
         append_text(column_at(m_lines, begin, FORM), joins_left(token), joins_right(token), m_lines.size() - 2);
     outcome.unfit = m_unfit;
-    outcome.has_form = has_form && !is_collapsed && !outcome.is_replaced;
-    outcome.tag = token.pos.empty() ? EMPTY : token.pos;
-    if (outcome.is_replaced)
-        outcome.tag = column_at(m_lines, m_lines.rfind('\n', m_lines.size() - 2) + 1, XPOS);
     return outcome;
+}
+
+WrittenToken ConlluLines::last(const Token& token, const TokenOutcome& outcome) const {
+    if (!outcome.is_replaced && !m_is_collapsed && !token.pos.empty())
+        return {token.form, token.pos};
+    std::size_t position = m_lines.rfind('\n', m_lines.size() - 2) + 1; // or 0
+    return *next(position);
 }
 
 std::optional<WrittenToken> ConlluLines::next(std::size_t& position) const {

@@ -27,6 +27,7 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override { return {}; }
     std::string_view end() override;
+    WrittenToken last(const Token& token, const TokenOutcome& outcome) const override;
     std::optional<WrittenToken> next(std::size_t& position) const override;
     void clear() override;
 
@@ -60,6 +61,7 @@ private:
     std::size_t m_misc = 0;     ///< place of its last column
 
     std::string m_output, m_collapsed;
+    bool m_is_collapsed = false; ///< the form of the last token
     std::vector<std::string_view> m_features, m_other_features;
     std::vector<Unfit> m_unfit;
 };

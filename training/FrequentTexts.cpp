@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <iterator>
 
 namespace zelvor {
 
@@ -101,8 +100,8 @@ std::uint32_t FrequentTexts::enter(const Key& key, std::string_view shown, const
         m_bytes.reserve(next_bytes(bytes));
     m_entries.push_back({key, static_cast<std::uint32_t>(m_bytes.size()), 0, place.document, place.line,
                          static_cast<std::uint16_t>(file.size()), static_cast<std::uint8_t>(shown.size())});
-    std::ranges::copy(shown, std::back_inserter(m_bytes));
-    std::ranges::copy(file, std::back_inserter(m_bytes));
+    m_bytes.insert(m_bytes.end(), shown.begin(), shown.end());
+    m_bytes.insert(m_bytes.end(), file.begin(), file.end());
     return add_to_index();
 }
 

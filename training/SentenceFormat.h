@@ -21,7 +21,7 @@ struct Unfit {
     std::string_view text;
 };
 
-/// A token as its line has it, valid until the format is called again.
+/// A token as its line has it, valid until the format is called again, and as long as the token.
 struct WrittenToken {
     std::string_view form, tag; ///< empty where no column holds it
 };
@@ -31,8 +31,6 @@ struct TokenOutcome {
     bool is_replaced = false;                      ///< with "_" for something that would have broken the line
     std::optional<ConversionReport::Count> reason; ///< why it is left out, or what it lacks all the same
     std::span<const Unfit> unfit;                  ///< valid as long as the token
-    std::string_view tag = {};                     ///< as it is written; valid until the format is called again
-    bool has_form = false;                         ///< its line holds its form, byte for byte
 };
 
 /// What a sentence looks like in training data; made token by token. A format that needs no more than the tokens need
@@ -54,8 +52,13 @@ public:
     virtual std::string take_some() = 0;
     /// All of the sentence, with its end; to be called anew each time that it is written. Valid until the next call.
     virtual std::string_view end() = 0;
-    /// The next of the tokens that end() would write, from `position` on, which is moved behind it and begins at 0;
-    /// none after the last. Only what counts tokens needs it.
+    /// Only what counts tokens needs these: whether form and pos, as they come, are form and tag of every line whose
+    /// outcome is not replaced and of which neither is empty;
+    virtual bool keeps_form_and_pos() const { return false; }
+    /// the token that was just added, and written with this outcome;
+    virtual WrittenToken last(const Token& /*token*/, const TokenOutcome& /*outcome*/) const { return {}; }
+    /// and the next of the tokens that end() would write, from `position` on, which begins at 0 and is moved behind it;
+    /// none after the last.
     virtual std::optional<WrittenToken> next(std::size_t& /*position*/) const { return std::nullopt; }
     /// Drops the tokens.
     virtual void clear() = 0;

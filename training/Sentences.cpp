@@ -19,7 +19,8 @@ Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, C
                      DocumentStatistics* statistics, std::function<XmlPlace()> place)
     : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN),
       m_writes_empty(options.has_lexicon && options.format == ConversionOptions::Format::COLUMNS), m_format(format),
-      m_report(report), m_statistics(statistics), m_place(std::move(place)) {}
+      m_report(report), m_statistics(statistics), m_keeps_form_and_pos(format.keeps_form_and_pos()),
+      m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_document = name;
@@ -98,6 +99,15 @@ void Sentences::write(std::uint64_t times) {
         m_sink->write(m_format.end(), m_unwritten);
 }
 
+/// Of a token that is written.
+inline void Sentences::count(const Token& token, const TokenOutcome& outcome, std::string_view text) {
+    const bool is_kept = m_keeps_form_and_pos && !outcome.is_replaced && !token.form.empty() && !token.pos.empty();
+    const WrittenToken written = is_kept ? WrittenToken{token.form, token.pos} : m_format.last(token, outcome);
+    m_statistics->add(written.tag, is_certain());
+    if (!is_same(text, written.form) && may_be_dropped())
+        m_statistics->remember(m_tokens - 1, text);
+}
+
 void Sentences::add(const Token& token, std::string_view text) {
     if (m_sink->is_cancelled())
         throw ConversionCancelled();
@@ -113,12 +123,8 @@ void Sentences::add(const Token& token, std::string_view text) {
     ++m_tokens;
     ++m_unwritten;
     m_replaced += outcome.is_replaced;
-    if (m_statistics) {
-        m_statistics->add(outcome.tag, is_certain());
-        const bool is_told = outcome.has_form && is_same(text, token.form);
-        if (!is_told && may_be_dropped())
-            m_statistics->remember(m_tokens - 1, text);
-    }
+    if (m_statistics)
+        count(token, outcome, text);
     if (m_options.verbose && may_be_dropped())
         m_told.emplace_back(m_place(), text);
     note_lacks(outcome, text, token.detail);

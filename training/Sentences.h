@@ -95,6 +95,7 @@ private:
     bool may_be_dropped() const { return m_ends == 0 || m_options.whole_sentences; }
     /// Whether it is written once, whatever comes.
     bool is_certain() const { return m_ends == 1 && m_depth == 0 && !m_options.whole_sentences; }
+    void count(const Token& token, const TokenOutcome& outcome, std::string_view text);
     void note_lacks(const TokenOutcome& outcome, std::string_view text, std::string_view detail);
     /// Throws ConversionStopped.
     void stop_where_wanted(ConversionReport::Count reason, std::string_view text) const;
@@ -106,6 +107,7 @@ private:
     SentenceFormat& m_format;
     ConversionReport& m_report;
     DocumentStatistics* m_statistics;
+    bool m_keeps_form_and_pos; ///< the format
     ConversionSink* m_sink = nullptr;
     std::function<XmlPlace()> m_place;
 
