@@ -23,6 +23,7 @@
 #include <optional>
 #include <span>
 #include <stop_token>
+#include <string_view>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -33,6 +34,13 @@ namespace {
 
 /// By documents that wait for their turn, a job.
 constexpr std::size_t MAX_KEPT_BYTES = std::size_t{8} * 1024 * 1024;
+
+/// By the end of its name, in whatever case.
+bool is_page(std::string_view path) {
+    constexpr std::string_view end = ".html";
+    const auto is_equal = [](char c, char lower) { return c == lower || (c >= 'A' && c <= 'Z' && c + ' ' == lower); };
+    return path.size() >= end.size() && std::ranges::equal(path.substr(path.size() - end.size()), end, is_equal);
+}
 
 class Conversion : public DocumentOutlet {
 public:
@@ -295,8 +303,7 @@ void Conversion::write_report() {
         const ReportContents contents{
             m_report,           m_statistics, m_documents, tag_column(m_task.options).name, !m_task.lexicon.empty(),
             m_has_fault ? 1 : 0};
-        const bool is_page = m_task.report.ends_with(".html");
-        m_report_file->write(is_page ? report_page(contents) : report_json(contents));
+        m_report_file->write(is_page(m_task.report) ? report_page(contents) : report_json(contents));
         m_report_file->commit();
     } catch (const std::system_error& error) {
         complain(shown_path(error.what()));

@@ -20,7 +20,7 @@ struct ConversionTask {
     std::string lexicon; ///< empty: annotation from attributes
     std::string map;     ///< of tags; empty: none
     std::string output;  ///< empty: standard output
-    std::string report;  ///< empty: none; a page where it ends in ".html", else JSON
+    std::string report;  ///< empty: none; a page where it ends in ".html", in any case, else JSON
     std::vector<std::string> inputs;
     bool hidden = false;  ///< hidden files and folders below a folder, too
     std::size_t jobs = 1; ///< documents that are converted at the same time

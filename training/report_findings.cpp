@@ -167,7 +167,9 @@ const char* remedy_of(Count reason, bool has_lexicon) {
         return "The lexicon lacks the ids of their analyses: it may be another or an older one than that of the "
                "corpus.";
     case ConversionReport::NO_TAG:
-        return has_lexicon ? "They are punctuation of other marks than those that have a tag."
+        return has_lexicon ? "With a lexicon only the marks , . ( ) [ ] \" ' have a tag. Others can be written as one of "
+                             "these, or be encoded as words with an analysis whose id the lexicon has, with their tag; "
+                             "without -l, --punctuation-tag gives all marks one."
                            : "No source of the tag has a value: --pos names the attributes, --survey tells which there "
                              "are.";
     case ConversionReport::MAPPED_AWAY:
