@@ -81,6 +81,8 @@ std::uint64_t ConversionReport::left_out() const {
     return sum;
 }
 
+bool ConversionReport::is_written(Count reason) const { return counts[TOKENS_LACKING] > 0 && is_lack(reason); }
+
 /// What the section has counted, or its first row.
 std::string ConversionReport::section_text(std::string_view section) const {
     std::string text;
@@ -98,7 +100,7 @@ std::string ConversionReport::text() const {
         text.append(what).append(": " + std::to_string(counts[count]) + " " + label_of(count) + "\n");
     };
     for (const Count reason : reasons())
-        line(counts[TOKENS_LACKING] > 0 && is_lack(reason) ? "written all the same" : "left out", reason);
+        line(is_written(reason) ? "written all the same" : "left out", reason);
     for (const Count unfit : {UPOS_UNFIT, FEATS_UNFIT})
         if (counts[unfit] > 0)
             line("values left out", unfit);

@@ -52,6 +52,8 @@ struct ConversionReport {
     /// For which tokens were left out, or written without what they lack, the most frequent first.
     std::vector<Count> reasons() const;
     std::uint64_t left_out() const; ///< tokens, for whatever reason
+    /// Whether tokens with this reason are written all the same, by this format.
+    bool is_written(Count reason) const;
 
     /// A line a section and a line a reason, without what did not occur; for people.
     std::string text() const;

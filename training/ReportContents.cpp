@@ -13,9 +13,10 @@ std::string ReportContents::file(std::uint32_t number, std::string_view file) co
     return file.empty() ? document(number) : shown_path(file);
 }
 
-std::string shown_counted(const FrequentTexts::Text& text) {
-    const bool is_whole = text.beginning.size() == text.bytes;
-    return shown(text.beginning) + (is_whole ? "" : "... (" + shown_count(text.bytes) + " bytes)");
+std::string shown_counted(const FrequentTexts::Text& text) { return shown(text.beginning) + shown_rest(text); }
+
+std::string shown_rest(const FrequentTexts::Text& text) {
+    return text.beginning.size() == text.bytes ? "" : "... (" + shown_count(text.bytes) + " bytes)";
 }
 
 } // namespace zelvor

@@ -26,7 +26,8 @@ struct ReportContents {
     std::string file(std::uint32_t document, std::string_view file) const;
 };
 
-/// A text that was counted, for people; "... (1,234 bytes)" behind one of which only the beginning is there.
+/// A text that was counted, for people; behind one of which only the beginning is there, "... (1,234 bytes)".
 std::string shown_counted(const FrequentTexts::Text& text);
+std::string shown_rest(const FrequentTexts::Text& text); ///< of it, only what stands behind
 
 } // namespace zelvor

@@ -39,7 +39,7 @@ class Search {
 public:
     explicit Search(const ReportContents& contents)
         : m_contents(contents), m_report(contents.report), m_written(m_report[ConversionReport::TOKENS_WRITTEN]),
-          m_tokens(m_written + m_report.left_out()) {}
+          m_tokens(m_written + m_report.left_out() - m_report[ConversionReport::TOKENS_LACKING]) {}
 
     ReportFindings run() {
         if (m_report[ConversionReport::FILES_READ] + m_report[ConversionReport::FILES_FAILED] == 0)
@@ -89,7 +89,8 @@ void Search::find_tokens_left_out() {
     for (const Count reason : m_report.reasons())
         if (share(m_report[reason], m_tokens) >= MUCH || m_written == 0)
             mend(count_of(m_report[reason], "token", "tokens") + ", " + percent(m_report[reason], m_tokens) +
-                 ", left out: " + label_of(reason) + ". " + remedy_of(reason, m_contents.has_lexicon));
+                 (m_report.is_written(reason) ? ", written all the same: " : ", left out: ") + label_of(reason) + ". " +
+                 remedy_of(reason, m_contents.has_lexicon));
     const std::uint64_t replaced = m_report[ConversionReport::TOKENS_REPLACED];
     if (share(replaced, m_written) >= MUCH)
         mend(percent(replaced, m_written) + " of the tokens are written with _ for what would have broken their line.");
@@ -167,11 +168,12 @@ const char* remedy_of(Count reason, bool has_lexicon) {
         return "The lexicon lacks the ids of their analyses: it may be another or an older one than that of the "
                "corpus.";
     case ConversionReport::NO_TAG:
-        return has_lexicon ? "With a lexicon only the marks , . ( ) [ ] \" ' have a tag. Others can be written as one of "
-                             "these, or be encoded as words with an analysis whose id the lexicon has, with their tag; "
-                             "without -l, --punctuation-tag gives all marks one."
-                           : "No source of the tag has a value: --pos names the attributes, --survey tells which there "
-                             "are.";
+        return has_lexicon
+                   ? "With a lexicon only the marks , . ( ) [ ] \" ' have a tag. Others can be written as one of "
+                     "these, or be encoded as words with an analysis whose id the lexicon has, with their tag; "
+                     "without -l, --punctuation-tag gives all marks one."
+                   : "No source of the tag has a value: --pos names the attributes, --survey tells which there "
+                     "are.";
     case ConversionReport::MAPPED_AWAY:
         return "The map has no new tag for theirs: as it should be, or a line of it is to be mended.";
     case ConversionReport::BREAKS_LINE:

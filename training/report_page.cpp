@@ -37,12 +37,14 @@ li { margin: .4rem 0; }
 table { width: 100%; table-layout: fixed; border-collapse: collapse; margin: .6rem 0; }
 th, td { text-align: left; vertical-align: top; padding: .25rem .6rem .25rem 0; border-bottom: 1px solid var(--line); }
 th { font-weight: 600; font-size: .85rem; }
-td { overflow-wrap: anywhere; }
+td { overflow: hidden; overflow-wrap: anywhere; }
 .number { width: 7rem; text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 .chart { width: 30%; }
 .place { width: 32%; }
 .place, small { font-size: .85rem; }
 .token { white-space: pre-wrap; }
+.token bdi { background: var(--panel); padding: 0 .15rem; -webkit-box-decoration-break: clone; box-decoration-break: clone; }
+.option { white-space: nowrap; }
 bdi { unicode-bidi: isolate; }
 svg { display: block; width: 100%; }
 svg.bar { height: .75rem; margin-top: .4rem; }
@@ -75,6 +77,20 @@ std::string escaped(std::string_view text) {
     return out;
 }
 
+/// Text of ours, in which the names of options are not broken.
+std::string with_options(std::string_view text) {
+    std::string out;
+    while (!text.empty()) {
+        const std::size_t begin = std::min(text.find("--"), text.size());
+        const std::size_t length = std::min(text.substr(begin).find_first_of(" ,;:."), text.size() - begin);
+        out += escaped(text.substr(0, begin));
+        if (length > 0)
+            out += "<span class=\"option\">" + escaped(text.substr(begin, length)) + "</span>";
+        text.remove_prefix(begin + length);
+    }
+    return out;
+}
+
 /// Text from outside, whose direction does not spread.
 std::string isolated(std::string_view text) { return "<bdi>" + escaped(text) + "</bdi>"; }
 
@@ -96,6 +112,14 @@ std::string bar_cell(std::uint64_t part, std::uint64_t all, std::size_t color) {
            "</svg></td>";
 }
 
+/// What was counted; behind a beginning, how long all of it is.
+std::string counted(const FrequentTexts::Text& text) {
+    if (text.bytes == 0)
+        return "<span class=\"soft\">(no text)</span>";
+    const std::string rest = shown_rest(text);
+    return isolated(shown(text.beginning)) + (rest.empty() ? "" : "<span class=\"soft\">" + rest + "</span>");
+}
+
 /// Of different texts.
 std::string number_of(const ConversionStatistics::Frequent& frequent) {
     return (frequent.is_exact() ? "" : "At least ") + shown_count(frequent.distinct);
@@ -106,7 +130,8 @@ class Page {
 public:
     explicit Page(const ReportContents& contents)
         : m_contents(contents), m_report(contents.report), m_reasons(m_report.reasons()),
-          m_written(m_report[ConversionReport::TOKENS_WRITTEN]), m_tokens(m_written + m_report.left_out()) {}
+          m_written(m_report[ConversionReport::TOKENS_WRITTEN]),
+          m_tokens(m_written + m_report.left_out() - m_report[ConversionReport::TOKENS_LACKING]) {}
 
     std::string text() {
         add_head();
@@ -167,7 +192,7 @@ void Page::add_findings() {
     }
     m_text += "<ol>\n";
     for (const std::string& finding : findings.to_mend)
-        m_text += "<li>" + escaped(finding) + "</li>\n";
+        m_text += "<li>" + with_options(finding) + "</li>\n";
     m_text += "</ol>\n";
 }
 
@@ -178,6 +203,8 @@ void Page::add_tokens() {
                   " of the tokens written\">" + rectangle("0", part_of(m_written, m_tokens), 0);
         std::uint64_t before = m_written;
         for (const Count reason : m_reasons) {
+            if (m_report.is_written(reason))
+                continue;
             m_text += rectangle(part_of(before, m_tokens), part_of(m_report[reason], m_tokens), color_of(reason));
             before += m_report[reason];
         }
@@ -186,7 +213,9 @@ void Page::add_tokens() {
     m_text += "<table>\n";
     add_row_of_tokens("written", m_written, 0);
     for (const Count reason : m_reasons)
-        add_row_of_tokens(std::string("left out: ") + label_of(reason), m_report[reason], color_of(reason));
+        add_row_of_tokens((m_report.is_written(reason) ? "written all the same: " : "left out: ") +
+                              std::string(label_of(reason)),
+                          m_report[reason], color_of(reason));
     m_text += "</table>\n<p class=\"soft\">" + shown_count(m_report[ConversionReport::SENTENCES]) +
               " sentences written. Files: " + shown_count(m_report[ConversionReport::FILES_READ]) +
               " read without a fault, " + shown_count(m_report[ConversionReport::FILES_FAILED]) + " failed, " +
@@ -210,7 +239,11 @@ void Page::add_left_out() {
 void Page::add_tokens_of(Count reason) {
     const auto tokens = m_contents.statistics.frequent(reason, ReportContents::MAX_TOKENS);
     m_text += "<h3>" + escaped(label_of(reason)) + ": " + shown_count(m_report[reason]) + "</h3>\n<p>" +
-              escaped(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
+              with_options(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
+    if (m_report.is_written(reason)) {
+        m_text += "<p class=\"soft\">Such tokens are written all the same.</p>\n";
+        return;
+    }
     m_text += "<p class=\"soft\">" + number_of(tokens) + (tokens.distinct == 1 ? " token" : " different tokens") +
               (tokens.distinct > tokens.texts.size() ? ", the most frequent " + shown_count(tokens.texts.size())
                                                      : std::string()) +
@@ -220,9 +253,7 @@ void Page::add_tokens_of(Count reason) {
         "<table>\n<tr><th>Token</th><th class=\"number\">Times</th><th class=\"chart\"></th><th class=\"place\">" +
         std::string(tokens.is_exact() ? "First in" : "In") + "</th></tr>\n";
     for (const FrequentTexts::Text& token : tokens.texts)
-        m_text += "<tr><td class=\"token\">" +
-                  (token.bytes == 0 ? "<span class=\"soft\">(no text)</span>" : isolated(shown_counted(token))) +
-                  "</td>" + number_cell(shown_count(token.count)) +
+        m_text += "<tr><td class=\"token\">" + counted(token) + "</td>" + number_cell(shown_count(token.count)) +
                   bar_cell(token.count, tokens.texts.front().count, color_of(reason)) + "<td class=\"place\">" +
                   place(token.place.document, token.place.file, token.place.line) + "</td></tr>\n";
     m_text += "</table>\n";
@@ -329,7 +360,7 @@ void Page::add_rows_of_tags(std::span<const FrequentTexts::Text> tags, std::uint
     m_text += "<table>\n<tr><th>Tag</th><th class=\"number\">Tokens</th><th class=\"number\">Share</th>"
               "<th class=\"chart\"></th></tr>\n";
     for (const FrequentTexts::Text& tag : tags)
-        m_text += "<tr><td>" + isolated(shown_counted(tag)) + "</td>" + number_cell(shown_count(tag.count)) +
+        m_text += "<tr><td>" + counted(tag) + "</td>" + number_cell(shown_count(tag.count)) +
                   number_cell(percent(tag.count, m_written)) + bar_cell(tag.count, most, 0) + "</tr>\n";
     m_text += "</table>\n";
 }
