@@ -68,6 +68,10 @@ void DocumentStatistics::take_back() {
         add_lines(-1);
 }
 
+void DocumentStatistics::remember(std::uint64_t number, std::string_view text) {
+    m_texts_of_sentence.emplace_back(number, text);
+}
+
 void DocumentStatistics::leave_out(ConversionReport::Count reason, std::string_view text) {
     leave_out(reason, text, m_place);
 }

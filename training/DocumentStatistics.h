@@ -33,11 +33,11 @@ public:
     /// A token of the sentence whose line is there, with its tag. `is_certain`: from here on, no token of the sentence
     /// is dropped, and all are written once.
     void add(std::string_view tag, bool is_certain) {
-        if (!m_has_begun || m_is_deferred || is_certain || !m_texts.raise_known(TAG, tag, 1))
+        if (!m_has_begun || m_is_deferred || is_certain || !m_texts.raise_known(TAG, tag, 1)) [[unlikely]]
             add_otherwise(tag, is_certain);
     }
     /// The text of the token with that number in the sentence, whose line does not tell it.
-    void remember(std::uint64_t number, std::string_view text) { m_texts_of_sentence.emplace_back(number, text); }
+    void remember(std::uint64_t number, std::string_view text);
     void leave_out(ConversionReport::Count reason, std::string_view text);
     /// What becomes of the tokens of the sentence, so many; it ends with either.
     void write(std::uint64_t tokens, std::uint64_t times);

@@ -104,7 +104,7 @@ inline void Sentences::count(const Token& token, const TokenOutcome& outcome, st
     const bool is_kept = m_keeps_form_and_pos && !outcome.is_replaced && !token.form.empty() && !token.pos.empty();
     const WrittenToken written = is_kept ? WrittenToken{token.form, token.pos} : m_format.last(token, outcome);
     m_statistics->add(written.tag, is_certain());
-    if (!is_same(text, written.form) && may_be_dropped())
+    if (!is_same(text, written.form) && may_be_dropped()) [[unlikely]]
         m_statistics->remember(m_tokens - 1, text);
 }
 
