@@ -12,34 +12,35 @@ namespace zelvor::python {
 
 /// What all runs in the background share.
 struct BackgroundRuns {
-    std::stop_source ending;           ///< of the interpreter
+    std::stop_source ending;           ///< of those that have begun; with Python's lock only
     std::shared_timed_mutex is_in_use; ///< each holds it
-    std::atomic<std::thread::id> ender;
 };
 BackgroundRuns& background_runs();
 
-/// Cancels all of them and waits a moment, so that none leaves anything behind; for the end of the interpreter.
+/// Cancels those at work and waits a moment, so that none leaves anything behind; for the end of the interpreter.
 void end_background_runs();
+
+/// For a thread whose run was cancelled at the end of the interpreter, which mostly comes at once: then there is nobody
+/// left to tell. Who waits for this thread before that has it end by std::runtime_error.
+[[noreturn]] void end_thread();
 
 /// The result of work(cancelled), which runs in a thread of its own and must not touch Python. Meanwhile, and once
 /// behind it, this thread looks for signals and calls `meanwhile`; what these raise cancels the work and is thrown when
-/// it has ended.
+/// it has ended. At the end of the interpreter it is cancelled, too, for which this throws std::runtime_error.
 template<typename Work, typename Meanwhile>
 auto run_in_background(Work work, Meanwhile meanwhile) {
     constexpr std::chrono::milliseconds interval(50);
     BackgroundRuns& all = background_runs();
     std::stop_source source;
-    const std::stop_callback at_end(all.ending.get_token(), [&source] { source.request_stop(); });
+    const std::stop_token ending = all.ending.get_token();
+    const std::stop_callback at_end(ending, [&source] { source.request_stop(); });
     auto result = std::async(std::launch::async, [&all, &work, cancelled = source.get_token()] {
         const std::shared_lock in_use(all.is_in_use);
         return work(cancelled);
     });
     const auto is_ready = [&] {
         const Unlocked unlocked;
-        const bool has_ended = result.wait_for(interval) == std::future_status::ready;
-        if (all.ending.stop_requested() && all.ender != std::this_thread::get_id())
-            stay();
-        return has_ended;
+        return result.wait_for(interval) == std::future_status::ready;
     };
     try {
         for (bool has_ended = false; !has_ended;) {
@@ -54,7 +55,10 @@ auto run_in_background(Work work, Meanwhile meanwhile) {
         result.wait();
         throw;
     }
-    return result.get();
+    auto done = result.get();
+    if (ending.stop_requested())
+        end_thread();
+    return done;
 }
 
 } // namespace zelvor::python

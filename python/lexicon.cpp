@@ -70,7 +70,7 @@ constexpr struct {
 struct SharedLexicon : std::enable_shared_from_this<SharedLexicon> {
     Lexicon lexicon;
     std::shared_mutex mutex; ///< of the lexicon
-    std::mutex writing;      ///< held while a file is added
+    std::mutex filing;       ///< held while a file is added, or written: readers that follow each other keep others out
 };
 using Owner = std::shared_ptr<const SharedLexicon>;
 
@@ -121,10 +121,10 @@ std::size_t add_file(SharedLexicon& shared, const Path& path, const std::string&
     return without_lock([&](Unlocked& unlocked) {
         std::size_t added = 0;
         std::vector<std::unique_ptr<LexicalEntry>> slice;
-        std::unique_lock writing(shared.writing, std::defer_lock);
+        std::unique_lock filing(shared.filing, std::defer_lock);
         const auto add_slice = [&] {
-            if (!writing)
-                writing.lock();
+            if (!filing)
+                filing.lock();
             const std::unique_lock lock(shared.mutex);
             for (auto& entry : slice)
                 added += add(shared.lexicon, std::move(entry));
@@ -193,12 +193,13 @@ std::vector<Entry> look_up(const SharedLexicon& shared, const std::optional<Text
 }
 
 /// A name that the library would take for standard output is one of a file here.
-void write(const SharedLexicon& shared, const Path& path) {
+void write(SharedLexicon& shared, const Path& path) {
     const std::string name = path.name == "-" ? "./-" : path.name;
     if (name.empty())
         throw std::system_error(ENOENT, std::generic_category(), name);
     const Unlocked unlocked;
-    const std::shared_lock lock(const_cast<std::shared_mutex&>(shared.mutex));
+    const std::lock_guard filing(shared.filing);
+    const std::shared_lock lock(shared.mutex);
     shared.lexicon.write(name);
 }
 

@@ -88,8 +88,8 @@ PYBIND11_MODULE(_zelvor, module) {
     bind_survey(module);
     bind_text(module);
     bind_trie(module);
-    protect_functions(module);
-    py::module_::import("atexit").attr("register")(py::cpp_function(&end_background_runs));
     for (const char* const name : {"Entry", "LanguageModel", "Lexicon", "Report", "Rules", "TeiReader", "Trie"})
         module.attr(name).attr("__module__") = "zelvor"; // where users find them
+    protect_functions(module);
+    py::module_::import("atexit").attr("register")(py::cpp_function(&end_background_runs));
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <new>
+#include <utility>
 
 namespace zelvor::python {
 
@@ -65,6 +66,27 @@ void protect(py::object member) {
         meth = reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(call_protected));
 }
 
+newfunc make_any = nullptr; ///< of the base of all classes
+
+/// Of the base itself, or of a class that has no other base of these, pybind11 would end the process.
+PyObject* make_protected(PyTypeObject* type, PyObject* arguments, PyObject* keywords) {
+    if (!py::detail::all_type_info(type).empty())
+        return make_any(type, arguments, keywords);
+    PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
+    return nullptr;
+}
+
+/// Another class must not be put in the place of that of an object, whose memory would be taken for another's. So the
+/// class cannot change any more, as those that are built in.
+void protect_class(PyTypeObject& type) {
+    if (PyTypeObject& base = *type.tp_base; base.tp_new != make_protected)
+        make_any = std::exchange(base.tp_new, make_protected);
+    type.tp_new = make_protected;
+#ifdef Py_TPFLAGS_IMMUTABLETYPE // from Python 3.10 on
+    type.tp_flags |= Py_TPFLAGS_IMMUTABLETYPE;
+#endif
+}
+
 void protect_all(const py::object& members) {
     for (const py::handle member : py::list(members.attr("values")()))
         protect(py::reinterpret_borrow<py::object>(member));
@@ -88,6 +110,7 @@ void protect_functions(const py::module_& module) {
         if (!member.attr("__dict__").contains("__reduce__"))
             member.attr("__reduce__") = py::cpp_function(&refuse_to_reduce, py::is_method(member));
         protect_all(member.attr("__dict__"));
+        protect_class(*type->type);
     }
 }
 

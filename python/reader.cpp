@@ -254,9 +254,9 @@ void TeiReader::raise_fault() {
 }
 
 py::list TeiReader::make_sentence(const GatheredDocument& document, GatheredDocument::Sentence sentence) {
-    py::list tokens(sentence.end - sentence.begin);
+    py::list tokens; // never with gaps, which the garbage collector would show to whoever asks
     for (std::size_t i = sentence.begin; i < sentence.end; ++i)
-        tokens[i - sentence.begin] = make_token(document, i);
+        tokens.append(make_token(document, i));
     return tokens;
 }
 
@@ -320,7 +320,7 @@ True
                R"(read_tei(paths, lexicon=None, **options)
 --
 
-Yields the sentences of TEI documents, lists of Token, in the order of the paths.
+Yields the sentences of TEI documents, lists of Token; the documents come sorted by path, as in convert.
 
 paths are files and folders, or one of them; options are those of tei2crf that say what to read: see convert. All tokens
 with a form are there, those without a tag too. It keeps one document at a time, which it reads without Python's lock.

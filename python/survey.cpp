@@ -113,8 +113,9 @@ What is in documents of which nothing is known, as a dict, and the options that 
 token_elements could be tokens, the most frequent first, with what their attributes hold; enclosing could be sentences,
 with the median of their lengths (above 255 to a sixteenth); options are keywords for read_tei and convert, columns one
 for convert. Where no options read all documents, or all their words, ways has one for each kind: its inputs, options,
-columns, and whether it needs a lexicon, the one for the most tokens first. obstacle says why there is no training data in them, and is empty where there is. skip names elements that
-are not read, as in read_tei. Documents with faults are a UserWarning, and in messages.
+columns, and whether it needs a lexicon, the one for the most tokens first. obstacle says why there is no training data
+in them, and is empty where there is. skip names elements that are not read, as in read_tei. Documents with faults are a
+UserWarning, and in messages.
 
 >>> found = survey("examples/families/latin.xml")
 >>> found["options"]["sentence"], [element["name"] for element in found["token_elements"]]

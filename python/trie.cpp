@@ -41,7 +41,8 @@ void check_weight(double weight) {
 
 WeightTable weight_table(const py::object& weights) {
     WeightTable table;
-    for (const auto& [pair, value] : weights.is_none() ? py::dict() : py::dict(weights)) {
+    const auto pairs = py::dict(weights.is_none() ? py::dict() : weights).attr("copy")().cast<py::dict>();
+    for (const auto& [pair, value] : pairs) {
         const double weight = PyFloat_AsDouble(value.ptr());
         if (PyErr_Occurred())
             throw py::error_already_set();
@@ -92,25 +93,18 @@ public:
         std::ranges::sort(matches, [](const Match* a, const Match* b) {
             return a->first != b->first ? a->first > b->first : a->second.raw() < b->second.raw();
         });
-        py::list list(matches.size());
-        for (std::size_t i = 0; i < matches.size(); ++i)
-            list[i] = py::make_tuple(to_str(matches[i]->second.raw()), matches[i]->first);
+        py::list list; // never with gaps, which the garbage collector would show to whoever asks
+        for (const Match* const match : matches)
+            list.append(py::make_tuple(to_str(match->second.raw()), match->first));
         return list;
     }
 
-    std::vector<Splitting> segment(const Text& word, std::uint64_t limit) const {
-        if (m_nodes->count_splittings(word.bytes, 0) > limit)
-            throw py::value_error("there are more than " + std::to_string(limit) + " ways to split the word");
-        const auto free = [this](LetterTrieNode::Splittings* found) { m_nodes->delete_segment_result(found); };
-        const std::unique_ptr<LetterTrieNode::Splittings, decltype(free)> found(m_nodes->segment_sorted(word.bytes, 0),
-                                                                                free);
-        std::vector<Splitting> splittings(found ? found->size() : 0);
-        for (std::size_t i = 0; i < splittings.size(); ++i)
-            for (const Glib::ustring& part : *(*found)[i])
-                splittings[i].push_back({part.raw()});
-        return splittings;
+    py::list segment(const Text& word, std::uint64_t limit) const {
+        py::list list;
+        for (const Splitting& splitting : splittings_of(word, limit))
+            list.append(splitting);
+        return list;
     }
-
     std::optional<Text> longest_prefix(const Text& word) const {
         std::optional<std::size_t> length; // in bytes
         const LetterTrieNode* node = m_nodes.get();
@@ -139,6 +133,20 @@ public:
     }
 
 private:
+    std::vector<Splitting> splittings_of(const Text& word, std::uint64_t limit) const {
+        const Unlocked unlocked;
+        if (m_nodes->count_splittings(word.bytes, 0) > limit)
+            throw py::value_error("there are more than " + std::to_string(limit) + " ways to split the word");
+        const auto free = [this](LetterTrieNode::Splittings* found) { m_nodes->delete_segment_result(found); };
+        const std::unique_ptr<LetterTrieNode::Splittings, decltype(free)> found(m_nodes->segment_sorted(word.bytes, 0),
+                                                                                free);
+        std::vector<Splitting> splittings(found ? found->size() : 0);
+        for (std::size_t i = 0; i < splittings.size(); ++i)
+            for (const Glib::ustring& part : *(*found)[i])
+                splittings[i].push_back({part.raw()});
+        return splittings;
+    }
+
     struct DeleteAll {
         void operator()(LetterTrieNode* proot) const {
             proot->delete_tree(proot);
@@ -185,7 +193,7 @@ weights, or another weight_end than 1, time is exponential in the budget; Ctrl-C
 >>> Trie(["agricola", "nauta"]).fuzzy("agricela", 2.0)
 [('agricola', 1.0)]
 )")
-        .def("segment", &Trie::segment, py::arg("word"), py::kw_only(), py::arg("limit") = 1000, WithoutLock(),
+        .def("segment", &Trie::segment, py::arg("word"), py::kw_only(), py::arg("limit") = 1000,
              R"(segment(self, word, *, limit=1000)
 --
 

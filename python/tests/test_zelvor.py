@@ -156,6 +156,9 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: Trie(["a"], {"ab": "x"})),
     (TypeError, lambda: Trie(["a"], {5: 1})),
     (TypeError, lambda: Trie(["a"], 5)),
+    (TypeError, lambda: setattr(Trie(["a"]), "__class__", Rules)),
+    (TypeError, lambda: Trie.__base__()),
+    (TypeError, lambda: object.__reduce__(Trie(["a"]))),
     (ValueError, lambda: Trie(["aaa", "aaaa"]).segment("a" * 100_000)),
     (FileNotFoundError, lambda: Lexicon("missing")),
     (IsADirectoryError, lambda: Lexicon(".")),
@@ -234,6 +237,7 @@ class Hasty(Trie):
 def test_objects_that_were_never_initialised(call):
     with pytest.raises(TypeError, match="__init__"):
         call()
+    assert "a" in type("Own", (Trie,), {"__new__": lambda cls, *_: Trie.__new__(cls)})(["a"])
 
 
 def test_long_words_and_dropped_iterators():
