@@ -3,12 +3,15 @@
 #include "training/Sentences.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 namespace zelvor {
 
 namespace {
 
 constexpr FrequentTexts::Room ROOM{1024, 20 * 1024};
+constexpr std::size_t MAX_REMEMBERED = std::size_t{256} * 1024, MIN_REMEMBERED = 1024; // bytes
 
 std::size_t class_of(std::uint64_t length) {
     return static_cast<std::size_t>(std::ranges::upper_bound(SENTENCE_LENGTHS, length) - SENTENCE_LENGTHS.begin()) - 1;
@@ -23,6 +26,7 @@ void DocumentStatistics::begin_document(ConversionSink& sink) {
     m_sink = &sink;
     m_texts = FrequentTexts(ROOM); // of a document that did not come to its end
     m_sums = {};
+    m_remembered = {};
     end_sentence();
 }
 
@@ -69,7 +73,36 @@ void DocumentStatistics::take_back() {
 }
 
 void DocumentStatistics::remember(std::uint64_t number, std::string_view text) {
-    m_texts_of_sentence.emplace_back(number, text);
+    const Remembered head{number, text.size()};
+    const std::size_t before = m_remembered.capacity(), bytes = m_remembered.size() + sizeof head + text.size();
+    if (m_forgotten_from != NONE_FORGOTTEN)
+        return;
+    if (bytes > MAX_REMEMBERED) {
+        m_forgotten_from = number;
+        return;
+    }
+    if (bytes > before) {
+        const std::size_t more = std::clamp(2 * bytes, MIN_REMEMBERED, MAX_REMEMBERED);
+        m_sink->claim(more);
+        m_remembered.reserve(more);
+        m_sink->release(before);
+    }
+    const auto* const begin = reinterpret_cast<const char*>(&head);
+    m_remembered.insert(m_remembered.end(), begin, begin + sizeof head);
+    m_remembered.insert(m_remembered.end(), text.begin(), text.end());
+}
+
+/// The text of a token, if it is the one that is remembered at this position, which then moves on.
+std::optional<std::string_view> DocumentStatistics::recall(std::uint64_t number, std::size_t& at) const {
+    Remembered head{};
+    if (at == m_remembered.size())
+        return std::nullopt;
+    std::memcpy(&head, m_remembered.data() + at, sizeof head);
+    if (head.number != number)
+        return std::nullopt;
+    const std::string_view text(m_remembered.data() + at + sizeof head, head.length);
+    at += sizeof head + head.length;
+    return text;
 }
 
 void DocumentStatistics::leave_out(ConversionReport::Count reason, std::string_view text) {
@@ -93,22 +126,30 @@ void DocumentStatistics::write(std::uint64_t tokens, std::uint64_t times) {
 
 void DocumentStatistics::drop(ConversionReport::Count reason) {
     take_back();
-    auto text = m_texts_of_sentence.begin();
-    std::size_t position = 0;
+    std::size_t position = 0, at = 0;
+    std::uint64_t forgotten = 0;
     for (std::uint64_t i = 0; const auto token = m_lines.next(position); ++i) {
-        const bool is_told = text == m_texts_of_sentence.end() || text->first != i;
-        leave_out(reason, is_told ? token->form : std::string_view((text++)->second), [this] { return m_begin; });
+        if (i >= m_forgotten_from)
+            ++forgotten;
+        else
+            leave_out(reason, recall(i, at).value_or(token->form), [this] { return m_begin; });
     }
+    m_texts.miss(static_cast<std::uint8_t>(reason), forgotten);
     end_sentence();
 }
 
 void DocumentStatistics::end_sentence() {
-    m_texts_of_sentence.clear();
+    m_remembered.clear();
+    m_forgotten_from = NONE_FORGOTTEN;
     m_has_begun = false;
     m_is_deferred = false;
 }
 
-void DocumentStatistics::end_document() { send(); }
+void DocumentStatistics::end_document() {
+    send();
+    m_sink->release(m_remembered.capacity());
+    m_remembered = {};
+}
 
 void DocumentStatistics::send_without_sentence() {
     take_back();

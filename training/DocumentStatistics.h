@@ -8,9 +8,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <string>
+#include <limits>
+#include <optional>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace zelvor {
@@ -19,7 +19,7 @@ class ConversionSink;
 
 /// Counts one document after the other: what its sentences are made of, and what is left out. A tag counts as its token
 /// comes. Where the sentence turns out to be dropped, or to be written several times, its lines tell what to make good;
-/// so they do where too much has come to be kept, which goes on as a part of the document. Takes 110 KB at most, and
+/// so they do where too much has come to be kept, which goes on as a part of the document. Takes 400 KB at most, and
 /// claims from the sink what it takes.
 class DocumentStatistics {
 public:
@@ -36,7 +36,8 @@ public:
         if (!m_has_begun || m_is_deferred || is_certain || !m_texts.raise_known(TAG, tag, 1)) [[unlikely]]
             add_otherwise(tag, is_certain);
     }
-    /// The text of the token with that number in the sentence, whose line does not tell it.
+    /// The text of the token with that number in the sentence, whose line does not tell it. Where these are too much,
+    /// the counts are no longer exact.
     void remember(std::uint64_t number, std::string_view text);
     void leave_out(ConversionReport::Count reason, std::string_view text);
     /// What becomes of the tokens of the sentence, so many; it ends with either.
@@ -47,8 +48,16 @@ public:
 
 private:
     static constexpr std::uint8_t TAG = ConversionStatistics::TAG;
+    static constexpr std::uint64_t NONE_FORGOTTEN = std::numeric_limits<std::uint64_t>::max();
+
+    /// What is before each text.
+    struct Remembered {
+        std::uint64_t number;
+        std::size_t length;
+    };
 
     void leave_out(ConversionReport::Count reason, std::string_view text, const Place& place);
+    std::optional<std::string_view> recall(std::uint64_t number, std::size_t& at) const;
     void add_otherwise(std::string_view tag, bool is_certain);
     bool count(std::string_view tag, std::int64_t times);
     bool enter(std::uint8_t kind, std::string_view text, std::int64_t times, const XmlPlace& place);
@@ -65,8 +74,9 @@ private:
     StatisticsSums m_sums;
     XmlPlace m_begin; ///< of the sentence
     bool m_has_begun = false;
-    bool m_is_deferred = false; ///< the lines of the sentence are not counted yet
-    std::vector<std::pair<std::uint64_t, std::string>> m_texts_of_sentence;
+    bool m_is_deferred = false;     ///< the lines of the sentence are not counted yet
+    std::vector<char> m_remembered; ///< of the sentence: number, length and bytes of each text
+    std::uint64_t m_forgotten_from = NONE_FORGOTTEN;
 };
 
 } // namespace zelvor

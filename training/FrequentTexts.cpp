@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <functional>
 
 namespace zelvor {
 
@@ -133,6 +134,7 @@ std::size_t FrequentTexts::growth(std::string_view text, std::string_view file) 
 }
 
 void FrequentTexts::add(const FrequentTexts& other, std::uint32_t document) {
+    std::ranges::transform(m_errors, other.m_errors, m_errors.begin(), std::plus<>());
     for (const Entry& entry : other.m_entries) {
         if (entry.count == 0)
             continue;

@@ -56,7 +56,9 @@ public:
         m_entries[number].count += static_cast<std::uint64_t>(count);
     }
 
-    bool is_empty() const { return m_entries.empty(); }
+    /// So many texts of a kind have come that nobody can name: its counts may be too low by as much.
+    void miss(std::uint8_t kind, std::uint64_t times) { m_errors[kind] += times; }
+
     std::size_t bytes() const; ///< that are allocated
     /// What enter() would allocate, beside what it gives back then.
     std::size_t growth(std::string_view text, std::string_view file) const;
