@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <new>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace zelvor::python {
@@ -52,6 +54,25 @@ PyObject* call_protected(PyObject* self, PyObject* arguments, PyObject* keywords
     return result;
 }
 
+/// Of an object whose __init__ is at work, pybind11 would take a second one for the first, and end the process when the
+/// object goes.
+PyObject* call_init(PyObject* self, PyObject* arguments, PyObject* keywords) {
+    static auto* const at_work = new std::unordered_set<PyObject*>(); // with Python's lock only
+    PyObject* const object = PyTuple_GET_SIZE(arguments) > 0 ? PyTuple_GET_ITEM(arguments, 0) : nullptr;
+    PyObject* result = nullptr;
+    try {
+        if (at_work->insert(object).second) {
+            result = call_protected(self, arguments, keywords);
+            at_work->erase(object);
+        } else {
+            PyErr_SetString(PyExc_RuntimeError, "the object is about to be initialised already");
+        }
+    } catch (const std::bad_alloc&) {
+        PyErr_NoMemory();
+    }
+    return result;
+}
+
 /// A function, a method, or what reads a property.
 void protect(py::object member) {
     if (PyObject_TypeCheck(member.ptr(), &PyProperty_Type))
@@ -60,19 +81,35 @@ void protect(py::object member) {
         member = py::reinterpret_borrow<py::object>(PyInstanceMethod_GET_FUNCTION(member.ptr()));
     if (!PyCFunction_Check(member.ptr()))
         return;
-    PyCFunction& meth = reinterpret_cast<PyCFunctionObject*>(member.ptr())->m_ml->ml_meth;
-    const auto called = reinterpret_cast<PyCFunctionWithKeywords>(reinterpret_cast<void (*)()>(meth));
+    PyMethodDef& definition = *reinterpret_cast<PyCFunctionObject*>(member.ptr())->m_ml;
+    const PyCFunctionWithKeywords call =
+        std::string_view(definition.ml_name) == "__init__" ? call_init : call_protected;
+    const auto called = reinterpret_cast<PyCFunctionWithKeywords>(reinterpret_cast<void (*)()>(definition.ml_meth));
     if (called == dispatch)
-        meth = reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(call_protected));
+        definition.ml_meth = reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(call));
 }
 
 newfunc make_any = nullptr; ///< of the base of all classes
 
+/// What pybind11 takes for an object, be it null.
+PyObject* allocate(PyTypeObject* type, Py_ssize_t items) {
+    PyObject* const allocated = PyType_GenericAlloc(type, items);
+    if (!allocated)
+        throw py::error_already_set();
+    return allocated;
+}
+
 /// Of the base itself, or of a class that has no other base of these, pybind11 would end the process.
 PyObject* make_protected(PyTypeObject* type, PyObject* arguments, PyObject* keywords) {
-    if (!py::detail::all_type_info(type).empty())
-        return make_any(type, arguments, keywords);
-    PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
+    try {
+        if (!py::detail::all_type_info(type).empty())
+            return make_any(type, arguments, keywords);
+        PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
+    } catch (py::error_already_set& error) {
+        error.restore();
+    } catch (const std::bad_alloc&) {
+        PyErr_NoMemory();
+    }
     return nullptr;
 }
 
@@ -82,6 +119,7 @@ void protect_class(PyTypeObject& type) {
     if (PyTypeObject& base = *type.tp_base; base.tp_new != make_protected)
         make_any = std::exchange(base.tp_new, make_protected);
     type.tp_new = make_protected;
+    type.tp_alloc = allocate;
 #ifdef Py_TPFLAGS_IMMUTABLETYPE // from Python 3.10 on
     type.tp_flags |= Py_TPFLAGS_IMMUTABLETYPE;
 #endif

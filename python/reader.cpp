@@ -34,6 +34,8 @@ constexpr const char* FIELDS[][2] = {
 };
 constexpr std::size_t NUM_FIELDS = std::size(FIELDS), NUM_TEXTS = 5;
 
+PyTypeObject* token_type = nullptr; ///< a named tuple; never freed
+
 /// The same str for what comes again and again; with Python's lock only.
 class KnownTexts {
 public:
@@ -130,13 +132,10 @@ private:
     std::string m_fault; ///< of this document, to be raised behind its sentences
     bool m_has_ended = false;
 
-    py::object m_token_type;
     KnownTexts m_known_texts; ///< tags, names of attributes and files
 };
 
-TeiReader::TeiReader(ConversionTask task)
-    : m_task(std::move(task)), m_survey(m_task.options.skip),
-      m_token_type(py::module_::import("zelvor._zelvor").attr("Token")) {
+TeiReader::TeiReader(ConversionTask task) : m_task(std::move(task)), m_survey(m_task.options.skip) {
     ConversionOptions& options = m_task.options;
     options.format = ConversionOptions::Format::TOKENS;
     options.columns = read_columns("form,lemma,pos,upos,feats");
@@ -274,8 +273,7 @@ py::object TeiReader::make_token(const GatheredDocument& document, std::size_t n
     fields[NUM_TEXTS] = std::move(values);
     fields[NUM_TEXTS + 1] = path_to_str(document.files[token.file]);
     fields[NUM_TEXTS + 2] = py::int_(token.line);
-    auto* const type = reinterpret_cast<PyTypeObject*>(m_token_type.ptr());
-    auto made = py::reinterpret_steal<py::object>(type->tp_alloc(type, NUM_FIELDS)); // a named tuple is a tuple
+    auto made = py::reinterpret_steal<py::object>(token_type->tp_alloc(token_type, NUM_FIELDS)); // it is a tuple
     if (!made)
         throw py::error_already_set();
     for (std::size_t i = 0; i < NUM_FIELDS; ++i)
@@ -307,7 +305,9 @@ std::unique_ptr<TeiReader> read_tei(const py::object& paths, const py::object& l
 } // namespace
 
 void bind_reader(py::module_& module) {
-    module.attr("Token") = make_token_type();
+    const py::object type = make_token_type();
+    module.attr("Token") = type;
+    token_type = reinterpret_cast<PyTypeObject*>(py::object(type).release().ptr());
     py::class_<TeiReader>(module, "TeiReader", R"(What read_tei returns: yields sentences; threads may share it.
 
 >>> sum(len(sentence) for sentence in read_tei("examples/families/latin.xml", sentence="ab")) > 0

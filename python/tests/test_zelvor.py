@@ -159,6 +159,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (TypeError, lambda: setattr(Trie(["a"]), "__class__", Rules)),
     (TypeError, lambda: Trie.__base__()),
     (TypeError, lambda: object.__reduce__(Trie(["a"]))),
+    (RuntimeError, lambda: trie_that_is_made_within_itself()),
     (ValueError, lambda: Trie(["aaa", "aaaa"]).segment("a" * 100_000)),
     (FileNotFoundError, lambda: Lexicon("missing")),
     (IsADirectoryError, lambda: Lexicon(".")),
@@ -217,6 +218,11 @@ def test_errors_are_those_of_python(folder, error, call):
 class Hasty(Trie):
     def __init__(self):
         len(self)
+
+
+def trie_that_is_made_within_itself():
+    trie = Trie.__new__(Trie)
+    trie.__init__(trie.__init__([]) or "x" for _ in range(1))
 
 
 @pytest.mark.parametrize("call", [
