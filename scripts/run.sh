@@ -61,12 +61,16 @@ run_tagger_format_converter() {
 
 [ -e "$input" ] || stop "no such file or directory: $input"
 [ -z "${LEXICON:-}" ] || [ -f "$LEXICON" ] || stop "no such file: $LEXICON"
-mkdir -p build/run
-rm -f "$training_data"
-[ ! "$output" -ef "$input" ] || stop "$output is the input"
 case $input in -*) input=./$input ;; esac
+case ${LEXICON:-} in -*) LEXICON=./$LEXICON ;; esac
+mkdir -p build/run
 [ -d "$(dirname "$output")" ] || stop "no such folder: $(dirname "$output")"
 [ ! -d "$output" ] || stop "$output is a folder"
+[[ ! $(dirname "$output") -ef build/run || $output == */separators.txt ]] ||
+    stop "build/run holds files of this run: $output may be in another folder"
+read=$([ ! -f "$output" ] || find -L "$input" ${LEXICON:+"$LEXICON"} -samefile "$output" -print -quit)
+[ -z "$read" ] || stop "$output would be overwritten, and is to be read: $read"
+rm -f "$training_data"
 
 if [ -z "${INPUT:-}" ]; then
     LEXICON=${LEXICON:-examples/lexicon.txt}

@@ -21,7 +21,7 @@ expect() { # STATUS LINE LINES [NAME=VALUE]...
 both='both streams: 139 token lines in build/run/both_streams.txt, which begins'
 without="The analyses hold the ids of a lexicon: LEXICON=file tags the words."
 expect 0 "$both" 150
-expect 0 "$both" 150 INPUT=examples/corpus LEXICON=examples/lexicon.txt OUTPUT=build/run/other.txt
+expect 0 "$both" 150 INPUT=examples/corpus LEXICON=examples/lexicon.txt OUTPUT=other.txt
 expect 0 "$without" 0 INPUT=examples/corpus
 expect 0 '$ tei2crf --sentence=ab --columns=form,lemma,pos,feats examples/families/latin.xml -o build/run/training_data.txt' 8 \
     INPUT=examples/families/latin.xml
@@ -30,5 +30,9 @@ expect 1 'run: README.md has nothing to convert' 0 INPUT=README.md
 expect 1 'run: empty has nothing to convert' 0 INPUT=empty
 expect 1 'run: no such file or directory: -o' 0 INPUT=-o
 expect 1 'run: no such folder: no/such' 0 OUTPUT=no/such/file
-expect 1 'run: ./README.md is the input' 0 INPUT=README.md OUTPUT=./README.md
+expect 1 'run: build/run holds files of this run: build/run/a may be in another folder' 0 OUTPUT=build/run/a
+lexicon='would be overwritten, and is to be read: examples/lexicon.txt'
+expect 1 "run: ./examples/lexicon.txt $lexicon" 0 INPUT=examples/corpus LEXICON=examples/lexicon.txt OUTPUT=./examples/lexicon.txt
+ln "$folder/examples/corpus/caesar/gallia.xml" "$folder/b.xml"
+expect 1 'run: b.xml would be overwritten, and is to be read: examples/corpus/caesar/gallia.xml' 0 INPUT=examples/corpus OUTPUT=b.xml
 exit "$failures"
