@@ -14,25 +14,26 @@ trap 'rm -rf "$folder"' EXIT
 commands=0 failures=0
 
 programs='(cmake|ctest|git|g[+][+]|xmllint|sed|awk|grep|iconv|uconv|zcat|parallel|ulimit|npm|python3|crf_(learn|test)|wapiti|crfsuite'
-programs+='|spacy|jq|tei2crf|TaggerFormatConverter|[a-z_]+_lexicon|[a-z_]+[.]py|(scripts|bench|fuzz|build|env)/[^ ]*)'
+programs+='|spacy|jq|apt-get|dpkg|pip install|pkg-config|cp|mv|head|tail|tei2crf|TaggerFormatConverter|[a-z_]+_lexicon|[a-z_]+[.]py|([.]|scripts|bench|fuzz|build|env)/[^ ]*)'
 targets=" $(sed -n 's/^[.]PHONY: //p' "$source/Makefile") "
 
 for document in "$source"/*.md "$source"/{docs,fuzz}/*.md; do
     awk -v name="${document#"$source"/}" -v command="^$programs .*" -v targets="$targets" '
         function complain(what) { print name ":" FNR ": neither run nor marked as not run: " what; status = 1 }
         function check(code) {
+            sub(/^ *([$] )?([A-Z_]+=[^ ]* )*/, "", code)
             if (code ~ /^make [a-z]/) {
                 for (n = split(code, words, / *&& */); n > 0; n--)
                     if (split(words[n], word, " ") && index(targets, " " word[2] " ") == 0) complain(words[n])
             } else if (code ~ command && code ~ / [^ -]/ && code !~ / [A-Z]+\]*( |$)/ && !marked && !all) complain(code)
         }
         /^<!-- not run in this document: ..* -->/ { all = 1 }
-        /^```/ { fence = !fence }
+        /^ *(```|~~~)/ { fence = !fence }
         /./ && !paragraph { marked = last ~ /<!-- not run: ..* -->/ }
         { paragraph = /./ }
         fence { check($0) }
-        !fence && !/^    / { for (n_parts = split($0, parts, "`"); n_parts > 1; n_parts--) if (n_parts % 2 == 0) check(parts[n_parts]) }
-        !fence && /^    / && !block && !/^    (\$|>>>) / && !(last ~ /<!-- not run: ..* -->/) {
+        !fence && !/^(    |\t)/ { for (n_parts = split($0, parts, "`"); n_parts > 1; n_parts--) if (n_parts % 2 == 0) check(parts[n_parts]) }
+        !fence && /^(    |\t)/ && !block && !/^    (\$|>>>) / && !(last ~ /<!-- not run: ..* -->/) {
             complain($0)
         }
         { block = !fence && (/^    / || (block && !/./)); if (/./) last = $0 }

@@ -28,7 +28,8 @@ while IFS= read -r document; do
         [[ -e $file && $file == "$PWD"/* || $file == "$document" ]] &&
             { [[ $target != *#* ]] || anchors "$file" | grep -qx -e "${target#*#}"; } ||
             complain "$document: $target leads nowhere"
-    done < <(grep -oE '\]\([^)]+\)' "$document" | sed 's/^](//; s/)$//' | grep -v '^https\?://')
+    done < <(grep -oE '\]\([^)]+\)|^\[[^]]+\]: .+|<(img|a) [a-z]+="[^"]+"' "$document" |
+        sed -E 's/^(\]\(|\[[^]]+\]: |<[a-z]+ [a-z]+=")//; s/[)"]$//' | grep -v '^https\?://')
 done < <(find . -name build -prune -o -name '*.md' -print)
 while IFS=: read -r document name; do
     names=$((names + 1))
