@@ -124,6 +124,18 @@ std::string survey_command(const WayToConvert& way, const SurveyTask& task) {
     return command;
 }
 
+/// In bytes; systems take some two million, the environment included.
+constexpr std::size_t MAX_COMMAND = 1'000'000;
+
+std::string command_text(const WayToConvert& way, const SurveyTask& task) {
+    const std::string command = survey_command(way, task);
+    if (command.size() <= MAX_COMMAND)
+        return "  " + command + "\n";
+    return "  " + survey_command({way.advice, {"FOLDER"}, way.documents}, task) +
+           "\n(FOLDER is one that you move them to: their names are too many for a command. The first is " +
+           shown_path(way.inputs.front()) + ".)\n";
+}
+
 std::string counted(std::uint64_t count, const std::string& what) {
     return shown_count(count) + " " + what + (count == 1 ? "" : "s");
 }
@@ -136,14 +148,14 @@ std::string ways_text(const std::vector<WayToConvert>& ways, const SurveyTask& t
         return std::string(ways[0].advice.has_lexicon_json
                                ? LEXICON_IS_NEEDED
                                : "lemma is no JSON of a lexicon's ids: tags are read from attributes") +
-               ".\nTry, to standard output or with -o FILE:\n  " + survey_command(ways[0], task) + "\n";
+               ".\nTry, to standard output or with -o FILE:\n" + command_text(ways[0], task);
     std::string text = "The tokens are encoded in " + shown_count(ways.size()) +
                        " ways, and no command reads all of them. Try, to standard output or with -o FILE,\n";
     for (const WayToConvert& way : ways) {
         text += "for " + counted(way.advice.tokens, "token") + " in " + counted(way.documents, "document");
         if (way.advice.has_lexicon_json)
             text.append(", whose ").append(LEXICON_IS_NEEDED);
-        text += ":\n  " + survey_command(way, task) + "\n";
+        text += ":\n" + command_text(way, task);
     }
     return text;
 }
