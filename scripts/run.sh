@@ -19,6 +19,7 @@ stop() {
 step() { printf '\n%s\n' "$*"; }
 
 begin_of() { # TITLE FILE LINES
+    [ -s "$2" ] || { echo "$1: no token line" && return; }
     printf '%s: %s token lines in %s, which begins\n' "$1" "$(grep -c . "$2")" "$2"
     head -n "$3" "$2" | sed 's/^./    &/'
 }
