@@ -57,7 +57,11 @@ run_tagger_format_converter() {
     [[ $output == /dev/* ]] || echo "its file: $(wc -l <"$output") empty lines in $output, one a sentence"
     begin_of "its standard output, without the lines that tell where it is" build/run/token_lines.txt 4
     [ ! -s build/run/complaints.txt ] || echo "complaints: $(wc -l <build/run/complaints.txt) in build/run/complaints.txt"
-    echo "Only punctuation has a line here: a word has its tag from a lexicon, and no option of this program names one."
+    if [ -s build/run/token_lines.txt ]; then
+        echo "Only punctuation has a line here: a word has its tag from a lexicon, and no option of this program names one."
+    else
+        echo "It reads nothing but s, w and c with the JSON of a lexicon's ids, and this corpus has no line for it."
+    fi
 }
 
 [ -e "$input" ] || stop "no such file or directory: $input"
