@@ -9,9 +9,6 @@
 #include <string_view>
 #include <utility>
 
-#include <cxxabi.h>
-#include <unistd.h>
-
 /// What the binding files share. Each binds one class, or one group of functions, of the module zelvor._zelvor.
 namespace zelvor::python {
 
@@ -72,34 +69,6 @@ struct type_caster<zelvor::python::Path> {
 
 namespace zelvor::python {
 
-/// For a thread that wants Python's lock when the interpreter has ended: it stays where it is until the process is
-/// gone.
-[[noreturn]] inline void stay() {
-    for (;;)
-        pause();
-}
-
-/// The result of use(), which runs whatever code of Python. Where the interpreter ends meanwhile, Python unwinds the
-/// thread: the first destructor on the way would touch objects without the lock, or end the process.
-template<typename Use>
-auto surviving(Use use) {
-    try {
-        return use();
-    } catch (abi::__forced_unwind&) {
-        stay();
-    }
-}
-
-/// What a function of the caller returns; throws what it raises.
-template<typename... Arguments>
-py::object call_back(const py::function& function, const Arguments&... arguments) {
-    const py::tuple packed = py::make_tuple(arguments...);
-    PyObject* const result = surviving([&] { return PyObject_CallObject(function.ptr(), packed.ptr()); });
-    if (!result)
-        throw py::error_already_set();
-    return py::reinterpret_steal<py::object>(result);
-}
-
 /// Throws std::system_error, which is an OSError in Python, for a file that could not be read.
 void require_readable(const std::string& filename);
 
@@ -140,8 +109,7 @@ void for_each_text(const py::iterable& texts, Use use) {
     if (py::isinstance<py::str>(texts) || py::isinstance<py::bytes>(texts))
         throw py::type_error("a list of strings is needed, not one string");
     const py::object iterator = py::iter(texts);
-    const auto next = [&] { return surviving([&] { return PyIter_Next(iterator.ptr()); }); };
-    while (const auto text = py::reinterpret_steal<py::object>(next())) {
+    while (const auto text = py::reinterpret_steal<py::object>(PyIter_Next(iterator.ptr()))) {
         if (PyErr_CheckSignals() != 0) // Ctrl-C
             throw py::error_already_set();
         use(text_of(text).bytes);

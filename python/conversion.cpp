@@ -44,7 +44,7 @@ public:
         if (counts == m_told)
             return;
         lock.unlock();
-        call_back(*m_progress, counts[0], counts[1], counts[2]);
+        (*m_progress)(counts[0], counts[1], counts[2]);
         lock.lock();
         m_told = counts;
         m_is_told.notify_one();

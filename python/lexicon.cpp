@@ -133,7 +133,7 @@ std::size_t add_file(SharedLexicon& shared, const Path& path, const std::string&
         Lexicon::BadLine tell;
         if (on_bad_line)
             tell = [&](std::size_t number, const std::string& reason) {
-                unlocked.with_lock([&] { call_back(*on_bad_line, number, to_str(reason, "replace")); });
+                unlocked.with_lock([&] { (*on_bad_line)(number, to_str(reason, "replace")); });
             };
         Lexicon::for_each_entry(path.name, source, tell, [&](std::unique_ptr<LexicalEntry> entry) {
             slice.push_back(std::move(entry));
@@ -267,7 +267,7 @@ void bind_lexicon(py::module_& module) {
 Files hold one analysis a line, 31 fields separated by #. A line that cannot be read is a ValueError with file and line,
 and the lexicon is as it was; with on_bad_line, such lines are left out: it is called with the number of each and what
 is wrong, before anything of the file is added. What it raises leaves the lexicon as it was. Threads may share a
-lexicon; Ctrl-C is noticed when a file is read.
+lexicon; Ctrl-C is noticed when a file has been read.
 
 >>> lexicon = Lexicon("examples/lexicon.txt")
 >>> len(lexicon)

@@ -35,9 +35,7 @@ private:
         ~Leaving() { state = PyEval_SaveThread(); }
     };
 
-    void resume() noexcept {
-        surviving([this] { PyEval_RestoreThread(m_state); });
-    }
+    void resume() noexcept { PyEval_RestoreThread(m_state); }
 
     PyThreadState* m_state;
 };

@@ -54,6 +54,15 @@ PyObject* call_protected(PyObject* self, PyObject* arguments, PyObject* keywords
     return result;
 }
 
+/// What is called of a class; None for self would be a null pointer to it.
+PyObject* call_method(PyObject* self, PyObject* arguments, PyObject* keywords) {
+    if (PyTuple_GET_SIZE(arguments) > 0 && PyTuple_GET_ITEM(arguments, 0) == Py_None) {
+        PyErr_SetString(PyExc_TypeError, "a method needs an object, not None");
+        return nullptr;
+    }
+    return call_protected(self, arguments, keywords);
+}
+
 /// Of an object whose __init__ is at work, pybind11 would take a second one for the first, and end the process when the
 /// object goes.
 PyObject* call_init(PyObject* self, PyObject* arguments, PyObject* keywords) {
@@ -62,7 +71,7 @@ PyObject* call_init(PyObject* self, PyObject* arguments, PyObject* keywords) {
     PyObject* result = nullptr;
     try {
         if (at_work->insert(object).second) {
-            result = call_protected(self, arguments, keywords);
+            result = call_method(self, arguments, keywords);
             at_work->erase(object);
         } else {
             PyErr_SetString(PyExc_RuntimeError, "the object is about to be initialised already");
@@ -73,8 +82,8 @@ PyObject* call_init(PyObject* self, PyObject* arguments, PyObject* keywords) {
     return result;
 }
 
-/// A function, a method, or what reads a property.
-void protect(py::object member) {
+/// A function, a method, or what reads a property; `call` is what calls it.
+void protect(py::object member, PyCFunctionWithKeywords call) {
     if (PyObject_TypeCheck(member.ptr(), &PyProperty_Type))
         member = member.attr("fget");
     if (PyInstanceMethod_Check(member.ptr()))
@@ -82,8 +91,8 @@ void protect(py::object member) {
     if (!PyCFunction_Check(member.ptr()))
         return;
     PyMethodDef& definition = *reinterpret_cast<PyCFunctionObject*>(member.ptr())->m_ml;
-    const PyCFunctionWithKeywords call =
-        std::string_view(definition.ml_name) == "__init__" ? call_init : call_protected;
+    if (std::string_view(definition.ml_name) == "__init__")
+        call = call_init;
     const auto called = reinterpret_cast<PyCFunctionWithKeywords>(reinterpret_cast<void (*)()>(definition.ml_meth));
     if (called == dispatch)
         definition.ml_meth = reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(call));
@@ -125,9 +134,9 @@ void protect_class(PyTypeObject& type) {
 #endif
 }
 
-void protect_all(const py::object& members) {
+void protect_all(const py::object& members, PyCFunctionWithKeywords call) {
     for (const py::handle member : py::list(members.attr("values")()))
-        protect(py::reinterpret_borrow<py::object>(member));
+        protect(py::reinterpret_borrow<py::object>(member), call);
 }
 
 } // namespace
@@ -137,7 +146,7 @@ void protect_functions(const py::module_& module) {
     dispatch = reinterpret_cast<PyCFunctionWithKeywords>(
         reinterpret_cast<void (*)()>(reinterpret_cast<PyCFunctionObject*>(any.ptr())->m_ml->ml_meth));
     const py::object members = module.attr("__dict__");
-    protect_all(members);
+    protect_all(members, call_protected);
     for (const py::handle member : py::list(members.attr("values")())) {
         auto* const type = PyType_Check(member.ptr())
                                ? py::detail::get_type_info(reinterpret_cast<PyTypeObject*>(member.ptr()))
@@ -147,7 +156,7 @@ void protect_functions(const py::module_& module) {
         type->operator_new = refuse_uninitialised;
         if (!member.attr("__dict__").contains("__reduce__"))
             member.attr("__reduce__") = py::cpp_function(&refuse_to_reduce, py::is_method(member));
-        protect_all(member.attr("__dict__"));
+        protect_all(member.attr("__dict__"), call_method);
         protect_class(*type->type);
     }
 }
