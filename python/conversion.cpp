@@ -3,7 +3,6 @@
 #include "python/keywords.h"
 #include "python/report.h"
 #include "training/conversion_settings.h"
-#include "training/no_token.h"
 
 #include <pybind11/stl.h>
 
@@ -61,17 +60,6 @@ private:
     Counts m_counts{}, m_told{};
 };
 
-bool is_without_token(const ConversionResult& result) {
-    try {
-        if (result.why_stopped)
-            std::rethrow_exception(result.why_stopped);
-    } catch (const NoToken&) {
-        return true;
-    } catch (const std::exception&) { // another reason
-    }
-    return false;
-}
-
 py::object convert(const py::object& inputs, const Path& output, const py::object& lexicon, const py::object& jobs,
                    const Progress& progress, const py::kwargs& options) {
     ConversionTask task = task_of(inputs, lexicon, options, false);
@@ -94,8 +82,6 @@ py::object convert(const py::object& inputs, const Path& output, const py::objec
     for (const auto malformed : {ConversionReport::NOT_JSON, ConversionReport::OTHER_JSON})
         if (const std::uint64_t tokens = result.report[malformed]; tokens > 0)
             bulletin.messages.push_back(std::to_string(tokens) + " tokens left out: " + label_of(malformed));
-    if (is_without_token(result) && !bulletin.messages.empty()) // others may hold paths that look like options
-        bulletin.messages.back() = with_keywords(bulletin.messages.back());
     py::object report = make_report(result.report, result.status, bulletin.messages);
     if (result.has_ended) {
         if (result.status != 0)

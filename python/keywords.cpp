@@ -56,7 +56,7 @@ void set(const ConversionSetting& setting, const py::object& value, ConversionTa
         setting.set(task, setting.kind == Kind::FLAG ? "" : value_of(setting.kind, value));
     } catch (const std::invalid_argument& error) {
         throw std::invalid_argument("wrong value of " + keyword_of(setting.name) + ": " + described(value) + ": " +
-                                    with_keywords(error.what()));
+                                    error.what());
     }
 }
 
@@ -104,6 +104,7 @@ std::vector<std::string> input_paths(const py::object& inputs) {
 ConversionTask task_of(const py::object& inputs, const py::object& lexicon, const py::kwargs& options,
                        bool only_reads) {
     ConversionTask task;
+    task.options.spelt = keyword_of;
     task.inputs = input_paths(inputs);
     if (!lexicon.is_none())
         set_option("lexicon", lexicon, task);
@@ -118,27 +119,12 @@ ConversionTask task_of(const py::object& inputs, const py::object& lexicon, cons
         set(*setting, wanted, task);
         given.push_back(setting);
     }
-    complete_settings(task, given, keyword_of);
+    complete_settings(task, given);
     return task;
 }
 
 void set_option(std::string_view name, const py::object& value, ConversionTask& task) {
     set(*find_setting(name), value, task);
-}
-
-std::string with_keywords(std::string message) {
-    const auto replace = [&](std::string_view option, const std::string& keyword) {
-        for (std::size_t at = 0; (at = message.find(option, at)) != std::string::npos; at += keyword.size()) {
-            const std::size_t end = at + option.size();
-            const bool is_whole = end == message.size() || message[end] == '=' || message[end] == ' ';
-            message.replace(at, option.size(), is_whole ? keyword : std::string(option));
-        }
-    };
-    for (const ConversionSetting& setting : conversion_settings())
-        replace("--" + std::string(setting.name), keyword_of(setting.name));
-    replace("--survey", "survey");
-    replace("-l", "lexicon");
-    return message;
 }
 
 void warn(const std::vector<std::string>& messages) {

@@ -21,9 +21,6 @@ ConversionTask task_of(const py::object& inputs, const py::object& lexicon, cons
 /// Sets one, of any topic.
 void set_option(std::string_view name, const py::object& value, ConversionTask& task);
 
-/// A message that names options of the command line, with those of Python; for messages without paths.
-std::string with_keywords(std::string message);
-
 /// The keyword of an option.
 std::string keyword_of(std::string_view option);
 

@@ -198,7 +198,7 @@ py::list TeiReader::next() {
                 !std::exchange(m_has_ended, true) && m_report[ConversionReport::TOKENS_WRITTEN] == 0;
             lock.unlock();
             if (is_to_tell)
-                warn({with_keywords(why_no_token(m_task.options, m_report, m_survey))});
+                warn({why_no_token(m_task.options, m_report, m_survey)});
             throw py::stop_iteration();
         }
     }

@@ -139,11 +139,9 @@ bool read_option(int key, Tei2crfOptions& options, Settings& given) {
     }
 }
 
-std::string spelt(std::string_view name) { return name == "lexicon" ? "-l" : "--" + std::string(name); }
-
 int check(Tei2crfOptions& options, const Settings& given) {
     try {
-        complete_settings(options.task, given, spelt);
+        complete_settings(options.task, given);
     } catch (const std::invalid_argument& error) {
         return complain(error.what());
     }

@@ -252,7 +252,7 @@ void Conversion::check_that_something_came() {
         m_report.words + m_report.marks == 0)
         throw ConversionStopped("nothing could be read");
     if (m_report[ConversionReport::TOKENS_WRITTEN] == 0)
-        throw NoToken(why_no_token(m_task.options, m_report, m_survey));
+        throw std::invalid_argument(why_no_token(m_task.options, m_report, m_survey));
 }
 
 void Conversion::write(std::string_view text, std::uint64_t tokens) {

@@ -29,11 +29,13 @@ Column::Column(std::string_view text) : name(text) {
     if (found == std::end(NAMES))
         throw std::invalid_argument(
             "'" + name +
-            "' is no column; columns are form, lemma, pos, upos, feats, @ATTRIBUTE, and with -l "
+            "' is no column; columns are form, lemma, pos, upos, feats, @ATTRIBUTE, and with a lexicon "
             "case, degree, gender, mood, number, person, tense, voice, pronoun_type and "
             "verb_type");
     kind = static_cast<Kind>(found - std::begin(NAMES));
 }
+
+std::string on_command_line(std::string_view option) { return option == "lexicon" ? "-l" : "--" + std::string(option); }
 
 void ConversionOptions::choose_conllu() {
     format = Format::CONLLU;

@@ -39,6 +39,9 @@ struct Column {
 /// Columns by their names, separated by commas, each once. Throws std::invalid_argument, which says why.
 std::vector<Column> read_columns(std::string_view names);
 
+/// "--whole-sentences" of "whole-sentences"; the lexicon by its letter.
+std::string on_command_line(std::string_view option);
+
 /// What is to be read of the documents of a conversion, and how it is to be written.
 struct ConversionOptions {
     enum class BadToken { DROP, REPLACE, FAIL };
@@ -78,6 +81,8 @@ struct ConversionOptions {
 
     bool strict = false;  ///< stop at the first fault, analyses that are no JSON or JSON of another shape included
     bool verbose = false; ///< tell each token that is left out
+
+    std::string (*spelt)(std::string_view option) = on_command_line; ///< how messages name one
 
     Names punctuation_elements() const {
         return !punctuation.empty() ? punctuation : has_lexicon ? Names{"c"} : Names{"pc", "c"};

@@ -147,9 +147,9 @@ const ConversionSetting* find_setting(std::string_view name) {
     return found == std::end(SETTINGS) ? nullptr : found;
 }
 
-void complete_settings(ConversionTask& task, const std::vector<const ConversionSetting*>& given,
-                       const std::function<std::string(std::string_view name)>& spelt) {
+void complete_settings(ConversionTask& task, const std::vector<const ConversionSetting*>& given) {
     ConversionOptions& options = task.options;
+    const auto spelt = options.spelt;
     options.has_lexicon = !task.lexicon.empty();
     if (options.format == ConversionOptions::Format::CONLLU)
         options.choose_conllu();

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,9 +39,8 @@ std::span<const ConversionSetting> conversion_settings();
 const ConversionSetting* find_setting(std::string_view name);
 
 /// Ends the reading of settings: makes choices that follow from others. Throws std::invalid_argument where two of those
-/// that were given do not go together; it spells their names so.
-void complete_settings(ConversionTask& task, const std::vector<const ConversionSetting*>& given,
-                       const std::function<std::string(std::string_view name)>& spelt);
+/// that were given do not go together.
+void complete_settings(ConversionTask& task, const std::vector<const ConversionSetting*>& given);
 
 /// The cores that the process may use, which is how many jobs there are by default.
 std::size_t available_cores();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace zelvor {
 
@@ -24,20 +25,20 @@ constexpr std::uint64_t LONG_SENTENCE = 100; // tokens
 /// What else a reason calls for than a look at the files.
 struct Remedy {
     ConversionReport::Count reason;
-    const char* text;
+    std::string_view before_option, option, text;
 };
 
 /// "1 token", "12 tokens"
 std::string tokens_text(std::uint64_t count) { return shown_count(count) + (count == 1 ? " token" : " tokens"); }
 
 constexpr Remedy REMEDIES[] = {
-    {ConversionReport::NO_ANALYSIS, "is it the lexicon of these files?"},
-    {ConversionReport::NOT_JSON, "without -l tags are read from attributes"},
-    {ConversionReport::OTHER_JSON, "without -l tags are read from attributes"},
-    {ConversionReport::UNKNOWN_ID, "is it the lexicon of these files?"},
-    {ConversionReport::OUTSIDE_SENTENCE, "their sentence does not come to its end"},
-    {ConversionReport::MAPPED_AWAY, "--map leaves their tags out"},
-    {ConversionReport::INCOMPLETE_SENTENCE, "--whole-sentences leaves them out for others in their sentences"},
+    {ConversionReport::NO_ANALYSIS, "", "", "is it the lexicon of these files?"},
+    {ConversionReport::NOT_JSON, "without ", "lexicon", " tags are read from attributes"},
+    {ConversionReport::OTHER_JSON, "without ", "lexicon", " tags are read from attributes"},
+    {ConversionReport::UNKNOWN_ID, "", "", "is it the lexicon of these files?"},
+    {ConversionReport::OUTSIDE_SENTENCE, "", "", "their sentence does not come to its end"},
+    {ConversionReport::MAPPED_AWAY, "", "map", " leaves their tags out"},
+    {ConversionReport::INCOMPLETE_SENTENCE, "", "whole-sentences", " leaves them out for others in their sentences"},
 };
 
 class Explanation {
@@ -57,6 +58,7 @@ private:
     std::string remedy(ConversionReport::Count reason) const;
     std::string option(const std::string& name) const;
     std::string extent() const;
+    std::string spelt(std::string_view option) const { return m_options.spelt(option); }
 
     const ConversionOptions& m_options;
     const ConversionReport& m_report;
@@ -99,7 +101,7 @@ std::string Explanation::without_elements() const {
         std::ranges::any_of(m_result.token_elements, [](const auto& found) { return found.name == "w"; }))
         others = "w"; // no option for the survey, but here
     if (!others.empty())
-        return text + "; try " + shell_word("--word=" + others) + " (" + tokens_text(m_tokens) +
+        return text + "; try " + shell_word(spelt("word") + "=" + others) + " (" + tokens_text(m_tokens) +
                (m_is_partial ? " and more" : "") + ")";
     return text + ", nor any other element that looks like a token";
 }
@@ -108,8 +110,8 @@ std::string Explanation::without_analyses(bool have_others) const {
     const std::uint64_t words = m_report[ConversionReport::NOT_JSON] + m_report[ConversionReport::OTHER_JSON] +
                                 m_report[ConversionReport::NO_ANALYSIS];
     return shown_count(words) + " " + alternatives(m_options.word) +
-           (have_others ? " whose lemma is no JSON of a lexicon" : " without an analysis in lemma") +
-           ": without -l tags are read from attributes";
+           (have_others ? " whose lemma is no JSON of a lexicon" : " without an analysis in lemma") + ": without " +
+           spelt("lexicon") + " tags are read from attributes";
 }
 
 std::string Explanation::without_sentences() const {
@@ -123,9 +125,9 @@ std::string Explanation::without_sentences() const {
     const SurveyResult::EnclosingElement* const sentence = m_advice.sentence;
     if (!sentence)
         return text;
-    text += "; try " + shell_word("--sentence=" + sentence->name);
+    text += "; try " + shell_word(spelt("sentence") + "=" + sentence->name);
     if (!m_advice.break_marks.empty() && !m_options.has_lexicon && sentence->median > LONG_SENTENCE)
-        text += " " + shell_word("--break=" + m_advice.break_marks);
+        text += " " + shell_word(spelt("break") + "=" + m_advice.break_marks);
     return text + " (" + shown_count(sentence->elements) +
            (sentence->elements == 1 ? " of them holds " : " of them hold ") +
            alternatives(m_report.words > 0 ? m_options.word : m_options.punctuation_elements()) + extent() + ")";
@@ -145,16 +147,17 @@ std::string Explanation::by_reasons() const {
 }
 
 std::string Explanation::remedy(ConversionReport::Count reason) const {
-    const std::string survey = "--survey tells what there is";
+    const std::string survey = spelt("survey") + " tells what there is";
     if (reason == ConversionReport::BREAKS_LINE && m_options.format == ConversionOptions::Format::TOKENS)
         return "each is longer than 1 MiB";
     if (reason == ConversionReport::BREAKS_LINE)
         return m_options.on_bad_token == ConversionOptions::BadToken::REPLACE
                    ? "their lines are longer than trainers read"
-                   : "--on-bad-token=replace writes them with _";
+                   : spelt("on-bad-token") + "=replace writes them with _";
     const auto* const found = std::ranges::find(REMEDIES, reason, &Remedy::reason);
     if (found != std::end(REMEDIES))
-        return found->text;
+        return std::string(found->before_option) + (found->option.empty() ? "" : spelt(found->option)) +
+               std::string(found->text);
     if (m_options.has_lexicon) // of punctuation
         return "of punctuation, only , . ( ) [ ] \" ' have a tag";
     const Column& column = tag_column(m_options);
@@ -162,14 +165,15 @@ std::string Explanation::remedy(ConversionReport::Count reason) const {
     if (reason != ConversionReport::NO_FORM && column.kind == Column::Kind::OTHER)
         return "the last column is the tag; " + survey;
     const std::string value = option(name);
-    return (value.empty() ? "--" + name + "=... says where they are" : "try " + value) + "; " + survey;
+    return (value.empty() ? spelt(name) + "=... says where they are" : "try " + value) + "; " + survey;
 }
 
 /// As the survey would have it.
 std::string Explanation::option(const std::string& name) const {
+    const std::string begin = "--" + name;
     for (const std::string& option : m_advice.options())
-        if (option.starts_with("--" + name + "="))
-            return shell_word(option);
+        if (option.starts_with(begin + "="))
+            return shell_word(spelt(name) + option.substr(begin.size()));
     return "";
 }
 
