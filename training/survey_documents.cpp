@@ -10,6 +10,12 @@
 
 namespace zelvor {
 
+namespace {
+
+struct Cancelled {};
+
+} // namespace
+
 DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& observer) {
     DocumentsSurvey found;
     std::string document;
@@ -22,7 +28,11 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
     XmlReader reader(survey, {[&](const XmlPlace& place, const std::string& message) {
                                   complain(to_string(place, document), message);
                               },
-                              [&](const std::string& message) { complain(document, message); }});
+                              [&](const std::string& message) { complain(document, message); },
+                              [&] {
+                                  if (observer.cancelled.stop_requested())
+                                      throw Cancelled();
+                              }});
     const TeiInputs inputs = find_documents(task.inputs, task.hidden, [&](const std::string& folder, int error) {
         complain(folder, std::strerror(error));
     });
@@ -33,7 +43,11 @@ DocumentsSurvey survey_documents(const SurveyTask& task, const SurveyObserver& o
         document = path == "-" ? "standard input" : path;
         const std::size_t faults = found.faults;
         survey = Survey(task.skip);
-        reader.read(path);
+        try {
+            reader.read(path);
+        } catch (const Cancelled&) {
+            break;
+        }
         if (i == 0)
             all = survey;
         else

@@ -27,7 +27,7 @@ struct SurveyObserver {
     std::function<void(const std::string& message)> complain;
     /// Documents that have ended, all documents, and tokens; after each document. Must not throw.
     std::function<void(std::size_t ended, std::size_t all, std::uint64_t tokens)> progress;
-    /// Ends the survey before its next document, from any thread.
+    /// Ends the survey, from any thread; the document that is being read does not count.
     std::stop_token cancelled = {};
 };
 
