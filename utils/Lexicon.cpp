@@ -96,12 +96,15 @@ std::unique_ptr<LexicalEntry> make_entry(std::string_view line, const std::strin
 
 } // namespace
 
-void Lexicon::Index::enter(std::size_t hash, std::uint32_t entry) {
+Lexicon::Index::Chain& Lexicon::Index::make_room(std::size_t hash, std::uint32_t entry) {
     if (m_next.size() <= entry)
         m_next.resize(entry + std::size_t{1}, NONE);
-    const auto [place, is_new] = m_chains.try_emplace(hash, Chain{entry, entry});
-    if (!is_new)
-        m_next[std::exchange(place->second.last, entry)] = entry;
+    return m_chains.try_emplace(hash, Chain{NONE, NONE}).first->second;
+}
+
+void Lexicon::Index::enter(Chain& chain, std::uint32_t entry) noexcept {
+    (chain.first == NONE ? chain.first : m_next[chain.last]) = entry;
+    chain.last = entry;
 }
 
 template<typename Use>
@@ -154,10 +157,10 @@ bool Lexicon::add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison)
         append(std::move(entry));
         return true;
     }
-    const bool had_id = id_of(*m_owned[target]).has_value();
+    Index::Chain* const by_id = id_of(*m_owned[target]) ? nullptr : room_for_id(*entry, target);
     entry->fold_into(*m_owned[target]);
-    if (!had_id)
-        index_id(*m_owned[target], target);
+    if (by_id && id_of(*m_owned[target]))
+        m_by_id.enter(*by_id, target);
     return false;
 }
 
@@ -165,20 +168,26 @@ void Lexicon::append(std::unique_ptr<LexicalEntry> entry) {
     if (!entry)
         return;
     const auto number = static_cast<std::uint32_t>(m_owned.size());
-    const LexicalEntry& added = *entry;
-    if (m_entries.size() == m_entries.capacity()) // where memory is lacking, neither list becomes longer
+    // where memory is lacking, nothing becomes longer
+    Index::Chain& by_analysis = m_by_analysis.make_room(analysis_hash(*entry), number);
+    Index::Chain& by_lemma = m_by_lemma.make_room(hash_of(entry->get_lemma()), number);
+    Index::Chain& by_form = m_by_form.make_room(hash_of(entry->get_word_form()), number);
+    Index::Chain* const by_id = room_for_id(*entry, number);
+    if (m_entries.size() == m_entries.capacity())
         m_entries.reserve(2 * m_entries.size() + 16);
     m_owned.push_back(std::move(entry));
-    m_entries.push_back(&added);
-    m_by_analysis.enter(analysis_hash(added), number);
-    m_by_lemma.enter(hash_of(added.get_lemma()), number);
-    m_by_form.enter(hash_of(added.get_word_form()), number);
-    index_id(added, number);
+    m_entries.push_back(m_owned.back().get());
+    m_by_analysis.enter(by_analysis, number);
+    m_by_lemma.enter(by_lemma, number);
+    m_by_form.enter(by_form, number);
+    if (by_id)
+        m_by_id.enter(*by_id, number);
 }
 
-void Lexicon::index_id(const LexicalEntry& entry, std::uint32_t number) {
-    if (const auto id = id_of(entry))
-        m_by_id.enter(static_cast<std::size_t>(*id), number);
+/// Null for one without an id.
+Lexicon::Index::Chain* Lexicon::room_for_id(const LexicalEntry& entry, std::uint32_t number) {
+    const auto id = id_of(entry);
+    return id ? &m_by_id.make_room(static_cast<std::size_t>(*id), number) : nullptr;
 }
 
 std::optional<int> Lexicon::id_of(const LexicalEntry& entry) {

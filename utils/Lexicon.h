@@ -27,7 +27,7 @@ public:
     /// the file cannot be read, and std::invalid_argument, which names file and line, for a line of fewer than 22
     /// fields or not in UTF-8, unless on_bad_line is there to be told of it; for a file that is UTF-16 or compressed in
     /// any case. The lexicon is then as it was, as it is until on_bad_line has been told of the last line: what that
-    /// throws passes through.
+    /// throws passes through. std::bad_alloc leaves the entries that were added before it, each of which is found.
     std::size_t read(const std::string& filename, const BadLine& on_bad_line = {});
 
     /// As read(), but each entry is added, `source` (unless empty) among the sources of its form, lemma and tag.
@@ -42,10 +42,11 @@ public:
                                       const BadLine& on_bad_line,
                                       const std::function<void(std::unique_ptr<LexicalEntry> entry)>& use);
 
-    /// Adds an entry, unless it is null, and folds nothing.
+    /// Adds an entry, unless it is null, and folds nothing. std::bad_alloc leaves the lexicon as it was.
     void append(std::unique_ptr<LexicalEntry> entry);
 
-    /// True when the entry was new, false when it was folded into another and freed (or was null).
+    /// True when the entry was new, false when it was folded into another and freed (or was null). std::bad_alloc
+    /// leaves no new entry; one that is folded may be so in part.
     bool add(std::unique_ptr<LexicalEntry> entry, bool extended_comparison);
 
     const Entries& entries() const { return m_entries; }
@@ -68,20 +69,23 @@ private:
     /// Numbers of entries by the hash of something they have, those of one hash in the order entered.
     class Index {
     public:
-        void enter(std::size_t hash, std::uint32_t entry);
+        struct Chain {
+            std::uint32_t first, last;
+        };
+
+        /// The place of an entry that may be entered then; all that needs memory.
+        Chain& make_room(std::size_t hash, std::uint32_t entry);
+        void enter(Chain& chain, std::uint32_t entry) noexcept;
         /// Calls use(entry) until it returns true.
         template<typename Use>
         void visit(std::size_t hash, Use use) const;
 
     private:
-        struct Chain {
-            std::uint32_t first, last;
-        };
         std::unordered_map<std::size_t, Chain> m_chains;
         std::vector<std::uint32_t> m_next; ///< by entry
     };
 
-    void index_id(const LexicalEntry& entry, std::uint32_t number);
+    Index::Chain* room_for_id(const LexicalEntry& entry, std::uint32_t number);
     template<typename IsMeant>
     Entries select(const Index& index, const std::string& text, IsMeant is_meant) const;
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <map>
+#include <new>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -106,7 +107,12 @@ TEST(Lexicon, FailuresAreToldAndLeaveEverythingAsItWas) {
     std::string told;
     lexicon.read(bad, [&](std::size_t number, const std::string& why) { told += std::to_string(number) + why[0]; });
     EXPECT_EQ(told, "233n");
+    struct WithoutMemory : LexicalEntry {
+        std::string get_word_form() const override { throw std::bad_alloc(); }
+    };
+    EXPECT_THROW(lexicon.append(std::make_unique<WithoutMemory>()), std::bad_alloc);
     EXPECT_EQ(lexicon.size(), 1U);
+    EXPECT_TRUE(lexicon.find_lemma("").empty());
 
     folder.write("kept", "kept");
     using Row = std::array<const char*, 3>; // the first field, one that is set, and why the entry is refused
