@@ -6,7 +6,11 @@
 #include <chrono>
 #include <future>
 #include <shared_mutex>
+#include <stdexcept>
 #include <stop_token>
+#include <string>
+#include <system_error>
+#include <utility>
 
 namespace zelvor::python {
 
@@ -24,6 +28,16 @@ void end_background_runs();
 /// left to tell. Who waits for this thread before that has it end by std::runtime_error.
 [[noreturn]] void end_thread();
 
+/// What work() returns, of a thread of its own. Throws std::runtime_error where there can be none, as Python does.
+template<typename Work>
+auto start_thread(Work work) {
+    try {
+        return std::async(std::launch::async, std::move(work));
+    } catch (const std::system_error& error) {
+        throw std::runtime_error(std::string("can't start new thread: ") + error.what());
+    }
+}
+
 /// The result of work(cancelled), which runs in a thread of its own and must not touch Python. Meanwhile, and once
 /// behind it, this thread looks for signals and calls `meanwhile`; what these raise cancels the work and is thrown when
 /// it has ended. At the end of the interpreter it is cancelled, too, for which this throws std::runtime_error.
@@ -34,7 +48,7 @@ auto run_in_background(Work work, Meanwhile meanwhile) {
     std::stop_source source;
     const std::stop_token ending = all.ending.get_token();
     const std::stop_callback at_end(ending, [&source] { source.request_stop(); });
-    auto result = std::async(std::launch::async, [&all, &work, cancelled = source.get_token()] {
+    auto result = start_thread([&all, &work, cancelled = source.get_token()] {
         const std::shared_lock in_use(all.is_in_use);
         return work(cancelled);
     });

@@ -4,7 +4,6 @@
 
 #include <pybind11/stl.h>
 
-#include <cerrno>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -18,11 +17,10 @@ public:
     explicit LanguageModel(const Path& path) {
         require_readable(path.name);
         without_lock([&](Unlocked&) {
-            errno = 0;
             if (m_model.load(path.name))
                 return;
-            if (errno != 0) // of the system, not of what is in the file
-                throw std::system_error(errno, std::generic_category(), path.name);
+            if (const int error = m_model.get_system_error(); error != 0)
+                throw std::system_error(error, std::generic_category(), path.name);
             throw std::invalid_argument(m_model.get_error());
         });
     }

@@ -197,10 +197,11 @@ void write(SharedLexicon& shared, const Path& path) {
     const std::string name = path.name == "-" ? "./-" : path.name;
     if (name.empty())
         throw std::system_error(ENOENT, std::generic_category(), name);
-    const Unlocked unlocked;
-    const std::lock_guard filing(shared.filing);
-    const std::shared_lock lock(shared.mutex);
-    shared.lexicon.write(name);
+    without_lock([&](Unlocked&) {
+        const std::lock_guard filing(shared.filing);
+        const std::shared_lock lock(shared.mutex);
+        shared.lexicon.write(name);
+    });
 }
 
 std::optional<int> id_of(const Entry& entry) {

@@ -23,12 +23,13 @@ void translate(std::exception_ptr thrown) {
     }
 }
 
-/// OSError(number, message, file name) makes itself the right subclass.
+/// OSError(number, message, file name) makes itself the right subclass; the name is what the error was made with.
 py::object os_error(const std::system_error& error) {
-    const std::string what = error.what(), message = ": " + error.code().message();
-    const std::string name = what.ends_with(message) ? what.substr(0, what.size() - message.size()) : what;
-    return py::reinterpret_borrow<py::object>(PyExc_OSError)(error.code().value(), error.code().message(),
-                                                             path_to_str(name));
+    const auto type = py::reinterpret_borrow<py::object>(PyExc_OSError);
+    const std::string what = error.what(), message = error.code().message(), behind = ": " + message;
+    if (!what.ends_with(behind))
+        return type(error.code().value(), message);
+    return type(error.code().value(), message, path_to_str(what.substr(0, what.size() - behind.size())));
 }
 
 } // namespace
@@ -40,7 +41,7 @@ py::object exception_of(const std::exception_ptr& thrown, std::string_view messa
     try {
         std::rethrow_exception(thrown);
     } catch (const std::system_error& error) {
-        return os_error(error);
+        return error.code() == std::errc::not_enough_memory ? make(PyExc_MemoryError) : os_error(error);
     } catch (const std::invalid_argument&) {
         return make(PyExc_ValueError);
     } catch (const ConversionStopped&) { // by what is in a file

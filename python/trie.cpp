@@ -187,7 +187,8 @@ threads may share it.
 The stored words within a budget of edits, each with the budget left, best first.
 
 A letter that is wrong, missing, too many, or exchanged with the next costs 1 (see weights); one that is too many behind
-a stored word costs weight_end. The last edit may overdraw. Edits begin at the letter with the number start. With
+a stored word costs weight_end. The last edit may overdraw. Edits begin at the letter with the number start. Where
+the word ends at a stored one, the search goes no deeper: of "ab" and "abc", "ab" finds itself alone, within 1. With
 weights, or another weight_end than 1, time is exponential in the budget; Ctrl-C waits for the end.
 
 >>> Trie(["agricola", "nauta"]).fuzzy("agricela", 2.0)

@@ -42,6 +42,7 @@ bool ArpaLM::load(const std::string& filename) {
         log_message(m_pmain_cat, {warning}, log4cpp::Priority::WARN);
     if (!is_read) {
         m_error = reader.get_error();
+        m_system_error = reader.get_system_error();
         log_message(m_pmain_cat, {m_error}, log4cpp::Priority::ERROR);
     }
     if (is_read) {

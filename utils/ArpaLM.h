@@ -50,6 +50,8 @@ public:
     /// probability of up to 1e-4, which counts as 0. "<UNK>" is read as "<unk>" where the model has no 1-gram "<unk>".
     bool load(const std::string& filename);
     const std::string& get_error() const { return m_error; } ///< of the last load() that failed
+    /// Of the same: the system's number of what kept the file from being opened or read; 0 where that is in the file.
+    int get_system_error() const { return m_system_error; }
 
     /// A word that the model lacks scores as "<unk>", and where the model lacks that too, -99.
     float sentence_log_prob(const unsigned int* words, TextStats& stats) override;
@@ -63,6 +65,7 @@ private:
     std::unique_ptr<NgramTable> m_pngrams;
     std::size_t m_order = 1;
     std::string m_error;
+    int m_system_error = 0;
 };
 
 } // namespace zelvor

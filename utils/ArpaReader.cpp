@@ -3,6 +3,7 @@
 #include "utils/common_utils/text.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -53,6 +54,7 @@ bool ArpaReader::next_line(std::istream& file) {
 }
 
 bool ArpaReader::read(const std::string& filename) {
+    errno = 0;
     std::ifstream file(filename, std::ios::binary);
     bool is_good = file ? read_to_data(file) : fail("a file that can be read");
     while (is_good && m_line != "\\end\\") {
@@ -67,6 +69,7 @@ bool ArpaReader::read(const std::string& filename) {
         add_warnings(filename);
     else
         m_error = filename + ": " + m_error;
+    m_system_error = !file.is_open() || file.bad() ? errno : 0; // otherwise of what was tried again
     return is_good;
 }
 

@@ -22,6 +22,7 @@ public:
     NgramTable& ngrams() { return m_ngrams; }
     std::size_t get_order() const { return m_order; }
     const std::string& get_error() const { return m_error; }
+    int get_system_error() const { return m_system_error; } ///< what kept the file from being read, or 0
     const std::vector<std::string>& get_warnings() const { return m_warnings; }
 
 private:
@@ -51,6 +52,7 @@ private:
     std::vector<std::string_view> m_fields;
     std::size_t m_line_number = 0;
     std::string m_error;
+    int m_system_error = 0;
     std::vector<std::string> m_warnings;
 };
 

@@ -10,6 +10,7 @@ import signal
 import subprocess
 import sys
 import threading
+import time
 
 import pytest
 
@@ -188,6 +189,7 @@ BINARY = b"\\data\\\nngram 1=1\n\\1-grams:\nx\xff"
     (ValueError, lambda: Rules("examples/english/forms.xml")),
     (FileNotFoundError, lambda: LanguageModel("missing")),
     (ValueError, lambda: LanguageModel("binary")),
+    (OSError, lambda: LanguageModel("/proc/self/mem")),
     (TypeError, lambda: LanguageModel("examples/candidates/lemmas.arpa").score("dux")),
     (TypeError, lambda: zelvor.edit_distance("a", None)),
     (ValueError, lambda: zelvor.normalize_case("a", "small" * 200)),
@@ -374,6 +376,31 @@ def test_a_handler_of_signals_cannot_use_the_reader_that_it_interrupts(folder):
             next(reader)
     finally:
         signal.signal(signal.SIGALRM, before)
+
+
+def test_a_signal_ends_nothing_that_waits_for_a_pipe(folder):
+    os.mkfifo("model")
+    os.mkfifo("lexicon")
+
+    def work():
+        with open("model", "w") as model:
+            time.sleep(0.1)
+            model.write("none")
+        time.sleep(0.1)
+        (folder / "copy").write_bytes((folder / "lexicon").read_bytes())
+
+    before, thread = signal.signal(signal.SIGALRM, lambda *_: None), threading.Thread(target=work, daemon=True)
+    try:
+        signal.setitimer(signal.ITIMER_REAL, 0.02, 0.02)
+        thread.start()
+        with pytest.raises(ValueError, match="no ARPA file"):
+            LanguageModel("model")
+        Lexicon("examples/lexicon.txt").write("lexicon")
+        thread.join()
+    finally:
+        signal.setitimer(signal.ITIMER_REAL, 0)
+        signal.signal(signal.SIGALRM, before)
+    assert len(Lexicon("copy")) == 103
 
 
 @pytest.mark.parametrize("work", [
