@@ -13,8 +13,9 @@ _Unwind_Reason_Code __real___gxx_personality_v0(int version, _Unwind_Action acti
 
 _Unwind_Reason_Code __wrap___gxx_personality_v0(int version, _Unwind_Action actions, _Unwind_Exception_Class kind,
                                                 _Unwind_Exception* exception, _Unwind_Context* context) {
-    while ((actions & _UA_FORCE_UNWIND) != 0) // no exception, but the end of a thread
-        pause();
+    if ((actions & _UA_FORCE_UNWIND) != 0) // no exception, but the end of a thread
+        for (;;)
+            pause();
     return __real___gxx_personality_v0(version, actions, kind, exception, context);
 }
 }
