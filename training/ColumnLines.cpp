@@ -139,7 +139,11 @@ TokenOutcome ColumnLines::add_line(const Token& token) {
     return outcome;
 }
 
-WrittenToken ColumnLines::last(const Token& /*token*/, const TokenOutcome& /*outcome*/) const {
+/// Most values are in the line as they come; those that are not, are read from it.
+WrittenToken ColumnLines::last(const Token& token, const TokenOutcome& outcome) const {
+    const std::string_view tag = m_tag.kind == Column::Kind::POS ? token.pos : value_of(m_tag, token);
+    if (!outcome.is_replaced && !tag.empty() && !(m_has_form && token.form.empty()))
+        return {m_has_form ? token.form : std::string_view(), tag};
     std::size_t position = m_lines.rfind('\n', m_lines.size() - 2) + 1; // or 0
     return *next(position);
 }

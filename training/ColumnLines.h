@@ -22,7 +22,6 @@ public:
     TokenOutcome add(const Token& token) override;
     std::string take_some() override;
     std::string_view end() override;
-    bool keeps_form_and_pos() const override { return m_has_form && m_tag.kind == Column::Kind::POS; }
     WrittenToken last(const Token& token, const TokenOutcome& outcome) const override;
     std::optional<WrittenToken> next(std::size_t& position) const override;
     void clear() override;

@@ -72,30 +72,24 @@ void DocumentStatistics::take_back() {
         add_lines(-1);
 }
 
-void DocumentStatistics::remember(std::uint64_t number, std::string_view text) {
-    const Remembered head{number, text.size()};
-    const std::size_t before = m_remembered.capacity(), bytes = m_remembered.size() + sizeof head + text.size();
+/// Whether there is some; from the first text that has none on, all are forgotten.
+bool DocumentStatistics::make_room_for(const Remembered& head) {
+    const std::size_t before = m_remembered.size(), bytes = m_remembered_end + sizeof head + head.length;
+    if (bytes > MAX_REMEMBERED)
+        m_forgotten_from = std::min(m_forgotten_from, head.number);
     if (m_forgotten_from != NONE_FORGOTTEN)
-        return;
-    if (bytes > MAX_REMEMBERED) {
-        m_forgotten_from = number;
-        return;
-    }
-    if (bytes > before) {
-        const std::size_t more = std::clamp(2 * bytes, MIN_REMEMBERED, MAX_REMEMBERED);
-        m_sink->claim(more);
-        m_remembered.reserve(more);
-        m_sink->release(before);
-    }
-    const auto* const begin = reinterpret_cast<const char*>(&head);
-    m_remembered.insert(m_remembered.end(), begin, begin + sizeof head);
-    m_remembered.insert(m_remembered.end(), text.begin(), text.end());
+        return false;
+    const std::size_t more = std::clamp(2 * bytes, MIN_REMEMBERED, MAX_REMEMBERED);
+    m_sink->claim(more);
+    m_remembered.resize(more);
+    m_sink->release(before);
+    return true;
 }
 
 /// The text of a token, if it is the one that is remembered at this position, which then moves on.
 std::optional<std::string_view> DocumentStatistics::recall(std::uint64_t number, std::size_t& at) const {
     Remembered head{};
-    if (at == m_remembered.size())
+    if (at == m_remembered_end)
         return std::nullopt;
     std::memcpy(&head, m_remembered.data() + at, sizeof head);
     if (head.number != number)
@@ -139,7 +133,7 @@ void DocumentStatistics::drop(ConversionReport::Count reason) {
 }
 
 void DocumentStatistics::end_sentence() {
-    m_remembered.clear();
+    m_remembered_end = 0;
     m_forgotten_from = NONE_FORGOTTEN;
     m_has_begun = false;
     m_is_deferred = false;
@@ -147,7 +141,7 @@ void DocumentStatistics::end_sentence() {
 
 void DocumentStatistics::end_document() {
     send();
-    m_sink->release(m_remembered.capacity());
+    m_sink->release(m_remembered.size());
     m_remembered = {};
 }
 

@@ -5,8 +5,10 @@
 #include "training/SentenceFormat.h"
 #include "training/XmlReader.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -38,7 +40,14 @@ public:
     }
     /// The text of the token with that number in the sentence, whose line does not tell it. Where these are too much,
     /// the counts are no longer exact.
-    void remember(std::uint64_t number, std::string_view text);
+    void remember(std::uint64_t number, std::string_view text) {
+        const Remembered head{number, text.size()};
+        if (m_remembered.size() - m_remembered_end < sizeof head + text.size() && !make_room_for(head)) [[unlikely]]
+            return;
+        std::memcpy(m_remembered.data() + m_remembered_end, &head, sizeof head);
+        std::ranges::copy(text, m_remembered.data() + m_remembered_end + sizeof head);
+        m_remembered_end += sizeof head + text.size();
+    }
     void leave_out(ConversionReport::Count reason, std::string_view text);
     /// What becomes of the tokens of the sentence, so many; it ends with either.
     void write(std::uint64_t tokens, std::uint64_t times);
@@ -57,6 +66,7 @@ private:
     };
 
     void leave_out(ConversionReport::Count reason, std::string_view text, const Place& place);
+    bool make_room_for(const Remembered& head);
     std::optional<std::string_view> recall(std::uint64_t number, std::size_t& at) const;
     void add_otherwise(std::string_view tag, bool is_certain);
     bool count(std::string_view tag, std::int64_t times);
@@ -75,7 +85,8 @@ private:
     XmlPlace m_begin; ///< of the sentence
     bool m_has_begun = false;
     bool m_is_deferred = false;     ///< the lines of the sentence are not counted yet
-    std::vector<char> m_remembered; ///< of the sentence: number, length and bytes of each text
+    std::vector<char> m_remembered; ///< of the sentence: number, length and bytes of each text; then what is free
+    std::size_t m_remembered_end = 0;
     std::uint64_t m_forgotten_from = NONE_FORGOTTEN;
 };
 

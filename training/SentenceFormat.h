@@ -52,10 +52,7 @@ public:
     virtual std::string take_some() = 0;
     /// All of the sentence, with its end; to be called anew each time that it is written. Valid until the next call.
     virtual std::string_view end() = 0;
-    /// Only what counts tokens needs these: whether form and pos, as they come, are form and tag of every line whose
-    /// outcome is not replaced and of which neither is empty;
-    virtual bool keeps_form_and_pos() const { return false; }
-    /// the token that was just added, and written with this outcome;
+    /// Only what counts tokens needs these: the token that was just added, and written with this outcome;
     virtual WrittenToken last(const Token& /*token*/, const TokenOutcome& /*outcome*/) const { return {}; }
     /// and the next of the tokens that end() would write, from `position` on, which begins at 0 and is moved behind it;
     /// none after the last.

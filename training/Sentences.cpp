@@ -19,8 +19,7 @@ Sentences::Sentences(const ConversionOptions& options, SentenceFormat& format, C
                      DocumentStatistics* statistics, std::function<XmlPlace()> place)
     : m_options(options), m_rule(options.has_lexicon ? SentenceRule::TO_NEXT : SentenceRule::RUN),
       m_writes_empty(options.has_lexicon && options.format == ConversionOptions::Format::COLUMNS), m_format(format),
-      m_report(report), m_statistics(statistics), m_keeps_form_and_pos(format.keeps_form_and_pos()),
-      m_place(std::move(place)) {}
+      m_report(report), m_statistics(statistics), m_place(std::move(place)) {}
 
 void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_document = name;
@@ -101,8 +100,7 @@ void Sentences::write(std::uint64_t times) {
 
 /// Of a token that is written.
 inline void Sentences::count(const Token& token, const TokenOutcome& outcome, std::string_view text) {
-    const bool is_kept = m_keeps_form_and_pos && !outcome.is_replaced && !token.form.empty() && !token.pos.empty();
-    const WrittenToken written = is_kept ? WrittenToken{token.form, token.pos} : m_format.last(token, outcome);
+    const WrittenToken written = m_format.last(token, outcome);
     m_statistics->add(written.tag, is_certain());
     if (!is_same(text, written.form) && may_be_dropped()) [[unlikely]]
         m_statistics->remember(m_tokens - 1, text);

@@ -107,7 +107,6 @@ private:
     SentenceFormat& m_format;
     ConversionReport& m_report;
     DocumentStatistics* m_statistics;
-    bool m_keeps_form_and_pos; ///< the format
     ConversionSink* m_sink = nullptr;
     std::function<XmlPlace()> m_place;
 
