@@ -63,7 +63,7 @@ private:
     void load_lexicon();
     void read_documents();
     void convert_documents(DocumentTurns& turns, const DocumentConverter::Tables& tables);
-    ConversionReport report_after(std::uint64_t writes, std::size_t number, DocumentConverter::Tables tables) const;
+    ConversionReport recount(std::size_t number, std::uint64_t writes, const DocumentConverter::Tables& tables);
     void check_that_something_came();
     void check_that_it_is_wanted() const;
     std::uint32_t number() const { return static_cast<std::uint32_t>(m_ended); } ///< of the document in turn
@@ -179,7 +179,7 @@ void Conversion::read_documents() {
     const DocumentConverter::Tables tables{m_task.lexicon.empty() ? nullptr : &m_lexicon,
                                            m_task.map.empty() ? nullptr : &m_map, jobs, !m_task.report.empty()};
     DocumentTurns turns(*this, m_documents.size(), jobs * MAX_KEPT_BYTES,
-                        [&](std::size_t number, std::uint64_t writes) { return report_after(writes, number, tables); });
+                        [&](std::size_t number, std::uint64_t writes) { return recount(number, writes, tables); });
     const std::stop_callback on_cancelled(m_observer.cancelled, [&turns] { turns.stop(nullptr); });
     {
         std::vector<std::jthread> threads;
@@ -193,24 +193,29 @@ void Conversion::read_documents() {
     turns.rethrow();
 }
 
-/// Of a document whose output fails after so many calls.
-ConversionReport Conversion::report_after(std::uint64_t writes, std::size_t number,
-                                          DocumentConverter::Tables tables) const {
+/// Of a document whose output fails after so many calls. What it counts before has been counted.
+ConversionReport Conversion::recount(std::size_t number, std::uint64_t writes,
+                                     const DocumentConverter::Tables& tables) {
     class FailingSink : public ConversionSink {
     public:
-        explicit FailingSink(std::uint64_t writes) : m_left(writes) {}
+        FailingSink(std::uint64_t writes, DocumentOutlet& outlet) : m_left(writes), m_outlet(outlet) {}
         void write(std::string_view /*text*/, std::uint64_t /*tokens*/) override {
-            if (m_left-- == 0)
+            m_has_failed = m_has_failed || m_left-- == 0;
+            if (m_has_failed)
                 throw std::system_error(EIO, std::generic_category());
         }
         void fault(const std::string&, const XmlPlace&, const std::string&) override {}
         void left_out(ConversionReport::Count, const std::string&, const XmlPlace&, const std::string&) override {}
-        void count(StatisticsPart&& /*part*/) override {}
+        void count(StatisticsPart&& part) override {
+            if (m_has_failed)
+                m_outlet.count(part);
+        }
 
     private:
         std::uint64_t m_left;
-    } sink(writes);
-    tables.with_statistics = false;
+        DocumentOutlet& m_outlet;
+        bool m_has_failed = false;
+    } sink(writes, *this);
     DocumentConverter converter(m_task.options, tables);
     try {
         converter.convert(m_documents[number], number + 1, sink);

@@ -110,6 +110,7 @@ struct DocumentConverter::Stages {
     }
 
     void begin_document(const std::string& path, std::size_t number, ConversionSink& to);
+    void read(const std::string& path);
     void fault(const XmlPlace& place, const std::string& message);
 
     const ConversionOptions& options;
@@ -140,6 +141,21 @@ void DocumentConverter::Stages::begin_document(const std::string& path, std::siz
         from_attributes->tokens.begin_document();
 }
 
+void DocumentConverter::Stages::read(const std::string& path) {
+    try {
+        reader->read(path);
+    } catch (const ConversionStopped&) {
+        ++report[ConversionReport::FILES_FAILED];
+        sentences.end_document();
+        throw;
+    } catch (...) {
+        ++report[ConversionReport::FILES_FAILED];
+        throw;
+    }
+    ++report[faults == 0 ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
+    sentences.end_document();
+}
+
 void DocumentConverter::Stages::fault(const XmlPlace& place, const std::string& message) {
     ++faults;
     sink->fault(document, place, message);
@@ -163,20 +179,13 @@ std::unique_ptr<Survey> DocumentConverter::take_survey() {
 }
 
 void DocumentConverter::convert(const std::string& path, std::size_t number, ConversionSink& sink) {
-    Stages& stages = *m_stages;
-    stages.begin_document(path, number, sink);
+    m_stages->begin_document(path, number, sink);
     try {
-        stages.reader->read(path);
-    } catch (const ConversionStopped&) {
-        ++stages.report[ConversionReport::FILES_FAILED];
-        stages.sentences.end_document();
-        throw;
+        m_stages->read(path);
     } catch (...) {
-        ++stages.report[ConversionReport::FILES_FAILED];
+        m_stages->sentences.give_up_document();
         throw;
     }
-    ++stages.report[stages.faults == 0 ? ConversionReport::FILES_READ : ConversionReport::FILES_FAILED];
-    stages.sentences.end_document();
 }
 
 } // namespace zelvor

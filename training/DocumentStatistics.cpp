@@ -145,6 +145,12 @@ void DocumentStatistics::end_document() {
     m_remembered = {};
 }
 
+void DocumentStatistics::give_up_document() {
+    if (m_has_begun)
+        take_back();
+    end_document();
+}
+
 void DocumentStatistics::send_without_sentence() {
     take_back();
     send();

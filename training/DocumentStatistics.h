@@ -54,6 +54,8 @@ public:
     void drop(ConversionReport::Count reason);
     /// Sends what there is.
     void end_document();
+    /// The same without the sentence, if it has not been written.
+    void give_up_document();
 
 private:
     static constexpr std::uint8_t TAG = ConversionStatistics::TAG;

@@ -178,6 +178,8 @@ void DocumentTurns::Document::left_out(ConversionReport::Count reason, const std
 }
 
 void DocumentTurns::Document::count(StatisticsPart&& part) {
+    if (m_kept.failed_after) // it is counted anew
+        return;
     if (is_in_turn()) {
         m_turns.m_outlet.count(part);
         return release(part.texts.bytes());

@@ -61,7 +61,8 @@ private:
 /// through, others keep what they have until it is their turn. How much all of them keep is bounded.
 class DocumentTurns {
 public:
-    /// What the report of a document is where its output fails after so many calls of write().
+    /// What the report of a document is where its output fails after so many calls of write(); also counts what the
+    /// document counts from then on.
     using Recount = std::function<ConversionReport(std::size_t number, std::uint64_t writes)>;
 
     /// The outlet must live as long as this.

@@ -26,8 +26,7 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
     m_sink = &sink;
     m_format.clear(); // of a document that did not come to its end
     m_told.clear();
-    m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
-    m_lacks = {};
+    begin_counts();
     m_depth = 0;
     m_has_begun = false;
     m_is_whole = true;
@@ -35,10 +34,23 @@ void Sentences::begin_document(const std::string& name, ConversionSink& sink) {
         m_statistics->begin_document(sink);
 }
 
+/// Of a sentence.
+void Sentences::begin_counts() {
+    m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
+    m_lacks = {};
+}
+
 void Sentences::end_document() {
     finish(m_ends);
     if (m_statistics)
         m_statistics->end_document();
+}
+
+void Sentences::give_up_document() {
+    if (is_certain() && m_tokens > 0)
+        count_written(1);
+    if (m_statistics)
+        m_statistics->give_up_document();
 }
 
 void Sentences::begin_sentence(const XmlAttributes& attributes) {
@@ -72,8 +84,7 @@ void Sentences::finish(std::uint64_t times) {
         m_report[ConversionReport::SENTENCES_INCOMPLETE] += times;
     m_format.clear();
     m_told.clear();
-    m_tokens = m_replaced = m_lacking = m_unwritten = m_ends = 0;
-    m_lacks = {};
+    begin_counts();
     m_is_whole = true;
 }
 
@@ -86,6 +97,13 @@ void Sentences::drop(ConversionReport::Count reason) {
 }
 
 void Sentences::write(std::uint64_t times) {
+    const std::uint64_t unwritten = m_unwritten;
+    count_written(times);
+    for (; times > 0; --times)
+        m_sink->write(m_format.end(), unwritten);
+}
+
+void Sentences::count_written(std::uint64_t times) {
     m_report[ConversionReport::SENTENCES] += times;
     m_report[ConversionReport::TOKENS_WRITTEN] += times * m_tokens;
     m_report[ConversionReport::TOKENS_REPLACED] += times * m_replaced;
@@ -94,8 +112,7 @@ void Sentences::write(std::uint64_t times) {
     m_report[ConversionReport::TOKENS_LACKING] += times * m_lacking;
     if (m_statistics)
         m_statistics->write(m_tokens, times);
-    for (; times > 0; --times)
-        m_sink->write(m_format.end(), m_unwritten);
+    begin_counts();
 }
 
 /// Of a token that is written.

@@ -68,6 +68,8 @@ public:
     void begin_document(const std::string& name, ConversionSink& sink);
     /// What has not ended by now is left out.
     void end_document();
+    /// It does not come to its end: of what has not ended by now, only that counts which was certain to be written.
+    void give_up_document();
     void begin_sentence(const XmlAttributes& attributes);
     void end_sentence();
     /// Counts a token that is to be added.
@@ -90,6 +92,8 @@ private:
     void finish(std::uint64_t times);
     void drop(ConversionReport::Count reason);
     void write(std::uint64_t times);
+    void count_written(std::uint64_t times);
+    void begin_counts();
     void leave_out(ConversionReport::Count reason, std::string_view text, std::string_view detail);
     /// Whether the open sentence may still come to nothing.
     bool may_be_dropped() const { return m_ends == 0 || m_options.whole_sentences; }
