@@ -28,7 +28,7 @@ struct StatisticsSums {
 
 /// What a document, or some of it, adds to the statistics of a run.
 struct StatisticsPart {
-    FrequentTexts texts; ///< tags and tokens that were left out; kinds as in ConversionStatistics
+    FrequentTexts texts; ///< tags, and tokens by reason; kinds as in ConversionStatistics
     StatisticsSums sums;
 
     std::size_t bytes() const { return sizeof *this + texts.bytes(); }

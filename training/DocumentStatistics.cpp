@@ -48,6 +48,13 @@ bool DocumentStatistics::count(std::string_view tag, std::int64_t times) {
     return !m_texts.raise_known(TAG, tag, times) && enter(TAG, tag, times, {});
 }
 
+bool DocumentStatistics::count(ConversionReport::Count reason, std::string_view text, std::uint64_t times,
+                               const Place& place) {
+    const auto kind = static_cast<std::uint8_t>(reason);
+    const auto signed_times = static_cast<std::int64_t>(times);
+    return !m_texts.raise_known(kind, text, signed_times) && enter(kind, text, signed_times, place());
+}
+
 bool DocumentStatistics::enter(std::uint8_t kind, std::string_view text, std::int64_t times, const XmlPlace& place) {
     const std::size_t before = m_texts.bytes(), growth = m_texts.growth(text, place.file);
     if (growth > 0)
@@ -77,8 +84,10 @@ bool DocumentStatistics::make_room_for(const Remembered& head) {
     const std::size_t before = m_remembered.size(), bytes = m_remembered_end + sizeof head + head.length;
     if (bytes > MAX_REMEMBERED)
         m_forgotten_from = std::min(m_forgotten_from, head.number);
-    if (m_forgotten_from != NONE_FORGOTTEN)
+    if (m_forgotten_from != NONE_FORGOTTEN) {
+        m_forgotten[head.lack] += head.lack != TAG;
         return false;
+    }
     const std::size_t more = std::clamp(2 * bytes, MIN_REMEMBERED, MAX_REMEMBERED);
     m_sink->claim(more);
     m_remembered.resize(more);
@@ -86,47 +95,58 @@ bool DocumentStatistics::make_room_for(const Remembered& head) {
     return true;
 }
 
-/// The text of a token, if it is the one that is remembered at this position, which then moves on.
-std::optional<std::string_view> DocumentStatistics::recall(std::uint64_t number, std::size_t& at) const {
-    Remembered head{};
+/// What is remembered from there on, which then moves behind it.
+std::optional<std::pair<DocumentStatistics::Remembered, std::string_view>>
+DocumentStatistics::next(std::size_t& at) const {
     if (at == m_remembered_end)
         return std::nullopt;
+    Remembered head{};
     std::memcpy(&head, m_remembered.data() + at, sizeof head);
-    if (head.number != number)
-        return std::nullopt;
     const std::string_view text(m_remembered.data() + at + sizeof head, head.length);
     at += sizeof head + head.length;
-    return text;
+    return std::pair(head, text);
 }
 
 void DocumentStatistics::leave_out(ConversionReport::Count reason, std::string_view text) {
-    leave_out(reason, text, m_place);
-}
-
-void DocumentStatistics::leave_out(ConversionReport::Count reason, std::string_view text, const Place& place) {
-    const auto kind = static_cast<std::uint8_t>(reason);
-    if (!m_texts.raise_known(kind, text, 1) && enter(kind, text, 1, place()))
+    if (count(reason, text, 1, m_place))
         send_without_sentence();
 }
 
-void DocumentStatistics::write(std::uint64_t tokens, std::uint64_t times) {
+void DocumentStatistics::write(std::uint64_t tokens, std::uint64_t lacking, std::uint64_t times) {
     m_sums.lengths[class_of(tokens)] += times;
     if (tokens > m_sums.longest.tokens)
         m_sums.longest = {tokens, 0, m_begin};
     if (const std::uint64_t missing = times - (m_is_deferred ? 0 : 1); missing > 0)
         add_lines(static_cast<std::int64_t>(missing));
+    if (lacking > 0)
+        add_lacks(times);
     end_sentence();
+}
+
+void DocumentStatistics::add_lacks(std::uint64_t times) {
+    for (std::size_t at = 0; const auto remembered = next(at);)
+        if (const auto& [head, text] = *remembered; head.lack != TAG)
+            if (count(head.lack, text, times, [this] { return m_begin; }))
+                send();
+    for (std::uint8_t kind = 0; kind < m_forgotten.size(); ++kind)
+        m_texts.miss(kind, times * m_forgotten[kind]);
 }
 
 void DocumentStatistics::drop(ConversionReport::Count reason) {
     take_back();
     std::size_t position = 0, at = 0;
+    auto remembered = next(at);
     std::uint64_t forgotten = 0;
     for (std::uint64_t i = 0; const auto token = m_lines.next(position); ++i) {
-        if (i >= m_forgotten_from)
+        if (i >= m_forgotten_from) {
             ++forgotten;
-        else
-            leave_out(reason, recall(i, at).value_or(token->form), [this] { return m_begin; });
+            continue;
+        }
+        const bool is_remembered = remembered && remembered->first.number == i;
+        if (count(reason, is_remembered ? remembered->second : token->form, 1, [this] { return m_begin; }))
+            send();
+        if (is_remembered)
+            remembered = next(at);
     }
     m_texts.miss(static_cast<std::uint8_t>(reason), forgotten);
     end_sentence();
@@ -134,7 +154,8 @@ void DocumentStatistics::drop(ConversionReport::Count reason) {
 
 void DocumentStatistics::end_sentence() {
     m_remembered_end = 0;
-    m_forgotten_from = NONE_FORGOTTEN;
+    if (std::exchange(m_forgotten_from, NONE_FORGOTTEN) != NONE_FORGOTTEN)
+        m_forgotten = {};
     m_has_begun = false;
     m_is_deferred = false;
 }

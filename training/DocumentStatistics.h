@@ -6,6 +6,7 @@
 #include "training/XmlReader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,6 +14,7 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelvor {
@@ -26,6 +28,7 @@ class ConversionSink;
 class DocumentStatistics {
 public:
     using Place = std::function<XmlPlace()>;
+    static constexpr ConversionReport::Count TAG = ConversionStatistics::TAG;
 
     /// Where the lines of the open sentence are, and where the parser is.
     DocumentStatistics(const SentenceFormat& lines, Place place);
@@ -38,10 +41,10 @@ public:
         if (!m_has_begun || m_is_deferred || is_certain || !m_texts.raise_known(TAG, tag, 1)) [[unlikely]]
             add_otherwise(tag, is_certain);
     }
-    /// The text of the token with that number in the sentence, whose line does not tell it. Where these are too much,
-    /// the counts are no longer exact.
-    void remember(std::uint64_t number, std::string_view text) {
-        const Remembered head{number, text.size()};
+    /// The text of the token with that number in the sentence, whose line does not tell it, or which lacks something
+    /// and counts as such once the sentence is written. Where these are too much, the counts are no longer exact.
+    void remember(std::uint64_t number, std::string_view text, ConversionReport::Count lack = TAG) {
+        const Remembered head{number, static_cast<std::uint32_t>(text.size()), lack};
         if (m_remembered.size() - m_remembered_end < sizeof head + text.size() && !make_room_for(head)) [[unlikely]]
             return;
         std::memcpy(m_remembered.data() + m_remembered_end, &head, sizeof head);
@@ -49,8 +52,8 @@ public:
         m_remembered_end += sizeof head + text.size();
     }
     void leave_out(ConversionReport::Count reason, std::string_view text);
-    /// What becomes of the tokens of the sentence, so many; it ends with either.
-    void write(std::uint64_t tokens, std::uint64_t times);
+    /// What becomes of the tokens of the sentence, so many, and of those that lack something; it ends with either.
+    void write(std::uint64_t tokens, std::uint64_t lacking, std::uint64_t times);
     void drop(ConversionReport::Count reason);
     /// Sends what there is.
     void end_document();
@@ -58,20 +61,21 @@ public:
     void give_up_document();
 
 private:
-    static constexpr std::uint8_t TAG = ConversionStatistics::TAG;
     static constexpr std::uint64_t NONE_FORGOTTEN = std::numeric_limits<std::uint64_t>::max();
 
     /// What is before each text.
     struct Remembered {
         std::uint64_t number;
-        std::size_t length;
+        std::uint32_t length;
+        ConversionReport::Count lack; ///< or TAG
     };
 
-    void leave_out(ConversionReport::Count reason, std::string_view text, const Place& place);
     bool make_room_for(const Remembered& head);
-    std::optional<std::string_view> recall(std::uint64_t number, std::size_t& at) const;
+    std::optional<std::pair<Remembered, std::string_view>> next(std::size_t& at) const;
+    void add_lacks(std::uint64_t times);
     void add_otherwise(std::string_view tag, bool is_certain);
     bool count(std::string_view tag, std::int64_t times);
+    bool count(ConversionReport::Count reason, std::string_view text, std::uint64_t times, const Place& place);
     bool enter(std::uint8_t kind, std::string_view text, std::int64_t times, const XmlPlace& place);
     void add_lines(std::int64_t times);
     void take_back();
@@ -87,9 +91,10 @@ private:
     XmlPlace m_begin; ///< of the sentence
     bool m_has_begun = false;
     bool m_is_deferred = false;     ///< the lines of the sentence are not counted yet
-    std::vector<char> m_remembered; ///< of the sentence: number, length and bytes of each text; then what is free
+    std::vector<char> m_remembered; ///< of the sentence: what is before each text, and its bytes; then what is free
     std::size_t m_remembered_end = 0;
     std::uint64_t m_forgotten_from = NONE_FORGOTTEN;
+    std::array<std::uint64_t, FrequentTexts::KINDS> m_forgotten{}; ///< tokens, by what they lack
 };
 
 } // namespace zelvor

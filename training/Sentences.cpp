@@ -111,7 +111,7 @@ void Sentences::count_written(std::uint64_t times) {
         m_report.counts[i] += times * m_lacks[i];
     m_report[ConversionReport::TOKENS_LACKING] += times * m_lacking;
     if (m_statistics)
-        m_statistics->write(m_tokens, times);
+        m_statistics->write(m_tokens, m_lacking, times);
     begin_counts();
 }
 
@@ -119,8 +119,8 @@ void Sentences::count_written(std::uint64_t times) {
 inline void Sentences::count(const Token& token, const TokenOutcome& outcome, std::string_view text) {
     const WrittenToken written = m_format.last(token, outcome);
     m_statistics->add(written.tag, is_certain());
-    if (!is_same(text, written.form) && may_be_dropped()) [[unlikely]]
-        m_statistics->remember(m_tokens - 1, text);
+    if (outcome.reason || (!is_same(text, written.form) && may_be_dropped())) [[unlikely]]
+        m_statistics->remember(m_tokens - 1, text, outcome.reason.value_or(DocumentStatistics::TAG));
 }
 
 void Sentences::add(const Token& token, std::string_view text) {

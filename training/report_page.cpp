@@ -240,11 +240,9 @@ void Page::add_tokens_of(Count reason) {
     const auto tokens = m_contents.statistics.frequent(reason, ReportContents::MAX_TOKENS);
     m_text += "<h3>" + escaped(label_of(reason)) + ": " + shown_count(m_report[reason]) + "</h3>\n<p>" +
               with_options(remedy_of(reason, m_contents.has_lexicon)) + "</p>\n";
-    if (m_report.is_written(reason)) {
-        m_text += "<p class=\"soft\">Such tokens are written all the same.</p>\n";
-        return;
-    }
-    m_text += "<p class=\"soft\">" + number_of(tokens) + (tokens.distinct == 1 ? " token" : " different tokens") +
+    m_text += "<p class=\"soft\">" +
+              std::string(m_report.is_written(reason) ? "Such tokens are written all the same. " : "") +
+              number_of(tokens) + (tokens.distinct == 1 ? " token" : " different tokens") +
               (tokens.distinct > tokens.texts.size() ? ", the most frequent " + shown_count(tokens.texts.size())
                                                      : std::string()) +
               ":</p>\n";
