@@ -54,7 +54,7 @@ ConversionStatistics::Frequent ConversionStatistics::frequent(ConversionReport::
     if (kind == TAG && !m_has_written)
         return {};
     const auto number = static_cast<std::uint8_t>(kind);
-    return {m_texts.most_frequent(number, most), m_texts.distinct(number), m_texts.distinct(number, RARE),
+    return {m_texts.most_frequent(number, most), m_texts.distinct(number), m_texts.rarer(number, RARE),
             m_texts.error(number)};
 }
 

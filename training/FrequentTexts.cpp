@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 #include <functional>
+#include <limits>
 
 namespace zelvor {
 
@@ -155,6 +156,7 @@ void FrequentTexts::make_room() {
         ++texts[entry.kind()];
     const auto largest = std::ranges::max_element(texts);
     const auto kind = static_cast<std::uint8_t>(largest - texts.begin());
+    m_dropped_from[kind] = std::max<std::uint64_t>(m_dropped_from[kind], *largest);
     drop(kind, middle_count(kind, *largest));
 }
 
@@ -209,7 +211,11 @@ std::vector<FrequentTexts::Text> FrequentTexts::most_frequent(std::uint8_t kind,
     return texts;
 }
 
-std::uint64_t FrequentTexts::distinct(std::uint8_t kind, std::uint64_t limit) const {
+std::uint64_t FrequentTexts::distinct(std::uint8_t kind) const {
+    return std::max(rarer(kind, std::numeric_limits<std::uint64_t>::max()), m_dropped_from[kind]);
+}
+
+std::uint64_t FrequentTexts::rarer(std::uint8_t kind, std::uint64_t limit) const {
     return static_cast<std::uint64_t>(std::ranges::count_if(
         m_entries, [&](const Entry& entry) { return entry.kind() == kind && entry.count > 0 && entry.count < limit; }));
 }

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -69,8 +68,9 @@ public:
     /// The most frequent texts of a kind, so many at most, of equal ones that which came first. The views are valid as
     /// long as nothing is added.
     std::vector<Text> most_frequent(std::uint8_t kind, std::size_t most = NONE) const;
-    /// How many texts of a kind came less often than that.
-    std::uint64_t distinct(std::uint8_t kind, std::uint64_t limit = std::numeric_limits<std::uint64_t>::max()) const;
+    /// How many texts of a kind came, or at least how many; `rarer` than so many times.
+    std::uint64_t distinct(std::uint8_t kind) const;
+    std::uint64_t rarer(std::uint8_t kind, std::uint64_t limit) const;
     std::uint64_t error(std::uint8_t kind) const { return m_errors[kind]; }
 
 private:
@@ -113,6 +113,7 @@ private:
     std::vector<char> m_bytes;
     HashIndex m_index;
     std::array<std::uint64_t, KINDS> m_errors{};
+    std::array<std::uint64_t, KINDS> m_dropped_from{}; ///< the most texts that there were when some had to go
 };
 
 } // namespace zelvor

@@ -17,6 +17,7 @@ constexpr std::uint64_t FEW_TOKENS = 20'000;
 constexpr double MUCH = 0.01, TOO_MUCH = 0.1; ///< of what was left out
 constexpr std::uint64_t RARE = ConversionStatistics::RARE;
 constexpr double MANY_RARE = 0.2; ///< of the tags
+constexpr std::uint64_t FEW_OF_A_TAG = 10, TOO_MANY_TAGS = 10'000;
 constexpr double LONG_SENTENCES = 60, SHORT_SENTENCES = 3;
 
 double share(std::uint64_t part, std::uint64_t all) {
@@ -101,6 +102,14 @@ void Search::find_faults_of_tags() {
     if (tags.distinct == 1 && tags.is_exact()) {
         m_is_bad = true;
         mend("All tokens have the same tag: there is nothing to learn. --columns or --pos name the tags.");
+    }
+    const bool are_too_many =
+        tags.distinct > TOO_MANY_TAGS || (m_written >= FEW_TOKENS && m_written < FEW_OF_A_TAG * tags.distinct);
+    if (are_too_many) {
+        m_is_bad = true;
+        mend(std::string(tags.is_exact() ? "" : "At least ") + count_of(tags.distinct, "tag", "different tags") +
+             " for " + count_of(m_written, "token", "tokens") +
+             ": too many to be learnt. --columns or --pos name the tags; where they are too fine, --map renames them.");
     }
     if (tags.is_exact() && tags.rare > 1 && share(tags.rare, tags.distinct) >= MANY_RARE)
         mend(shown_count(tags.rare) + " of " + shown_count(tags.distinct) + " tags come less than " +

@@ -334,7 +334,7 @@ void Page::add_sentences() {
 void Page::add_tags() {
     const auto tags = m_contents.statistics.frequent(ConversionStatistics::TAG, ReportContents::MAX_TAGS);
     m_text += "<h2>Tags</h2>\n";
-    if (tags.texts.empty()) {
+    if (m_written == 0) {
         m_text += "<p>No token was written.</p>\n";
         return;
     }
@@ -346,6 +346,8 @@ void Page::add_tags() {
     add_estimate(tags);
     const std::span all(tags.texts);
     const std::span shown = all.first(std::min(all.size(), SHOWN_TAGS)), folded = all.subspan(shown.size());
+    if (shown.empty())
+        return;
     add_rows_of_tags(shown, shown.front().count);
     if (folded.empty())
         return;
