@@ -6,6 +6,8 @@
 #include <functional>
 #include <limits>
 
+#include <unistd.h>
+
 namespace zelvor {
 
 namespace {
@@ -67,10 +69,22 @@ inline FrequentTexts::Key FrequentTexts::key_of(std::uint8_t kind, std::string_v
             word_at<std::uint8_t>(text, size / 2) << 8 | word_at<std::uint8_t>(text, size - 1), length_and_kind};
 }
 
-inline std::uint64_t FrequentTexts::hash_of(const Key& key) {
-    std::uint64_t hash = (key.first ^ std::rotl(key.last * OTHER_ODD, 32)) + key.length_and_kind;
-    hash = (hash ^ hash >> 32) * ODD;
-    return hash ^ hash >> 29;
+FrequentTexts::FrequentTexts(Room room) : m_room(room) {
+    static const Seed seed = make_seed();
+    m_seed = seed;
+}
+
+FrequentTexts::Seed FrequentTexts::make_seed() {
+    Seed seed{ODD, OTHER_ODD};
+    static_cast<void>(getentropy(&seed, sizeof seed)); // without it, these are a seed, too
+    return seed;
+}
+
+/// Both halves of a product: each bit of either factor may tell.
+inline std::uint64_t FrequentTexts::hash_of(const Key& key) const {
+    __extension__ using Product = unsigned __int128;
+    const Product product = Product{key.first ^ m_seed.first} * ((key.last ^ m_seed.last) + key.length_and_kind);
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
 }
 
 inline std::uint32_t FrequentTexts::find(const Key& key) const {

@@ -40,7 +40,7 @@ public:
         Place place;
     };
 
-    explicit FrequentTexts(Room room) : m_room(room) {}
+    explicit FrequentTexts(Room room);
 
     /// The number of a text, or NONE.
     std::uint32_t find(std::uint8_t kind, std::string_view text) const;
@@ -92,7 +92,7 @@ private:
 
     static Key key_of(std::uint8_t kind, std::string_view text);
     static Key long_key(std::uint32_t length_and_kind, std::string_view text);
-    static std::uint64_t hash_of(const Key& key);
+    std::uint64_t hash_of(const Key& key) const;
 
     std::uint32_t find(const Key& key) const;
     std::uint32_t enter(const Key& key, std::string_view shown, const Place& place);
@@ -108,7 +108,14 @@ private:
     std::string_view text_of(const Entry& entry) const { return {m_bytes.data() + entry.begin, entry.shown_length}; }
     std::string_view file_of(const Entry& entry) const { return {text_of(entry).end(), entry.file_length}; }
 
+    /// Of the process: nobody can write texts for it that end up in one place.
+    struct Seed {
+        std::uint64_t first, last;
+    };
+    static Seed make_seed();
+
     Room m_room;
+    Seed m_seed;
     std::vector<Entry> m_entries;
     std::vector<char> m_bytes;
     HashIndex m_index;
