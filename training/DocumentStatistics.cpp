@@ -10,7 +10,7 @@ namespace zelvor {
 
 namespace {
 
-constexpr FrequentTexts::Room ROOM{1024, 20 * 1024};
+constexpr FrequentTexts::Room ROOM{2048, 40 * 1024};
 constexpr std::size_t MAX_REMEMBERED = std::size_t{256} * 1024, MIN_REMEMBERED = 1024; // bytes
 
 std::size_t class_of(std::uint64_t length) {

@@ -23,7 +23,7 @@ class ConversionSink;
 
 /// Counts one document after the other: what its sentences are made of, and what is left out. A tag counts as its token
 /// comes. Where the sentence turns out to be dropped, or to be written several times, its lines tell what to make good;
-/// so they do where too much has come to be kept, which goes on as a part of the document. Takes 400 KB at most, and
+/// so they do where too much has come to be kept, which goes on as a part of the document. Takes 500 KB at most, and
 /// claims from the sink what it takes.
 class DocumentStatistics {
 public:

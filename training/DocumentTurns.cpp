@@ -10,7 +10,7 @@ namespace zelvor {
 namespace {
 
 /// In bytes, of all documents but the one in turn: with what that and the run take, no more than 8 MB.
-constexpr std::size_t MAX_STATISTICS = std::size_t{1536} * 1024;
+constexpr std::size_t MAX_STATISTICS = std::size_t{1792} * 1024;
 
 constexpr std::size_t MIN_PIECE = 1024, MAX_PIECE = std::size_t{64} * 1024;
 

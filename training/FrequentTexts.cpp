@@ -114,8 +114,9 @@ std::uint32_t FrequentTexts::enter(const Key& key, std::string_view shown, const
         m_entries.reserve(next_entries());
     if (const std::size_t bytes = m_bytes.size() + shown.size() + file.size(); bytes > m_bytes.capacity())
         m_bytes.reserve(next_bytes(bytes));
-    m_entries.push_back({key, static_cast<std::uint32_t>(m_bytes.size()), 0, place.document, place.line,
-                         static_cast<std::uint16_t>(file.size()), static_cast<std::uint8_t>(shown.size())});
+    m_entries.push_back({key.first, key.last, key.length_and_kind, static_cast<std::uint32_t>(m_bytes.size()), 0,
+                         place.document, place.line, static_cast<std::uint16_t>(file.size()),
+                         static_cast<std::uint8_t>(shown.size())});
     m_bytes.insert(m_bytes.end(), shown.begin(), shown.end());
     m_bytes.insert(m_bytes.end(), file.begin(), file.end());
     return add_to_index();
@@ -133,7 +134,7 @@ std::size_t FrequentTexts::next_bytes(std::size_t bytes) const {
 }
 
 std::uint32_t FrequentTexts::add_to_index() {
-    return m_index.add([this](std::uint32_t number) { return hash_of(m_entries[number]); });
+    return m_index.add([this](std::uint32_t number) { return hash_of(m_entries[number].key()); });
 }
 
 std::size_t FrequentTexts::bytes() const {
@@ -153,12 +154,12 @@ void FrequentTexts::add(const FrequentTexts& other, std::uint32_t document) {
     for (const Entry& entry : other.m_entries) {
         if (entry.count == 0)
             continue;
-        std::uint32_t number = find(entry);
+        std::uint32_t number = find(entry.key());
         if (number == NONE) {
             const std::string_view text = other.text_of(entry), file = other.file_of(entry);
             while (!has_room(text.size() + file.size()))
                 make_room();
-            number = enter(entry, text, {document, entry.line, file});
+            number = enter(entry.key(), text, {document, entry.line, file});
         }
         m_entries[number].count += entry.count;
     }

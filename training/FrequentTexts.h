@@ -78,16 +78,20 @@ private:
     struct Key {
         std::uint64_t first, last; ///< bytes, or both halves of the hash
         std::uint32_t length_and_kind;
-
-        std::uint32_t length() const { return length_and_kind / KINDS; }
-        std::uint32_t kind() const { return length_and_kind % KINDS; }
     };
-    struct Entry : Key {
+    /// Begins with its key, without what would be left free behind it.
+    struct Entry {
+        std::uint64_t first, last;
+        std::uint32_t length_and_kind;
         std::uint32_t begin; ///< in m_bytes, of what is kept of the text, the file behind it
         std::uint64_t count;
         std::uint32_t document, line;
         std::uint16_t file_length;
         std::uint8_t shown_length;
+
+        Key key() const { return {first, last, length_and_kind}; }
+        std::uint32_t length() const { return length_and_kind / KINDS; }
+        std::uint32_t kind() const { return length_and_kind % KINDS; }
     };
 
     static Key key_of(std::uint8_t kind, std::string_view text);
