@@ -10,6 +10,11 @@ namespace {
 /// To a shell.
 constexpr std::string_view HARMLESS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
 
+/// Whether all that follows could be shown in another order, U+202A to U+202E and U+2066 to U+2069.
+bool is_reordering(char32_t character) {
+    return (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
 /// In octal: three digits end by themselves.
 std::string octal(char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -29,7 +34,8 @@ std::string shown(std::string_view text, std::size_t max_bytes) {
         const DecodedCharacter character = decode_character(text, i);
         const bool is_harmless = text[i] == ' ' || breaking_character(text, i) == 0;
         const bool is_valid = character.length > 1 || character.code_point < 0x80;
-        line += is_harmless && is_valid ? text.substr(i, character.length) : "?";
+        line +=
+            is_harmless && is_valid && !is_reordering(character.code_point) ? text.substr(i, character.length) : "?";
         i += character.length;
     }
     return line;
