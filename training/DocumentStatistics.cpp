@@ -128,8 +128,8 @@ void DocumentStatistics::add_lacks(std::uint64_t times) {
         if (const auto& [head, text] = *remembered; head.lack != TAG)
             if (count(head.lack, text, times, [this] { return m_begin; }))
                 send();
-    for (std::uint8_t kind = 0; kind < m_forgotten.size(); ++kind)
-        m_texts.miss(kind, times * m_forgotten[kind]);
+    for (std::size_t kind = 0; kind < m_forgotten.size(); ++kind)
+        m_texts.miss(static_cast<std::uint8_t>(kind), times * m_forgotten[kind]);
 }
 
 void DocumentStatistics::drop(ConversionReport::Count reason) {
