@@ -1,6 +1,7 @@
 #include "python/background.h"
 
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 namespace zelvor::python {
@@ -14,8 +15,9 @@ BackgroundRuns& background_runs() {
 void end_background_runs() {
     constexpr std::chrono::seconds patience(2); // for what is not to be interrupted, such as the reading of a pipe
     BackgroundRuns& runs = background_runs();
-    std::exchange(runs.ending, std::stop_source()).request_stop(); // what begins later is not concerned
+    const std::stop_source ending = std::exchange(runs.ending, std::stop_source()); // what begins later has another
     const Unlocked unlocked;
+    std::thread([ending]() mutable { ending.request_stop(); }).detach(); // it may wait for an output that nobody reads
     const std::unique_lock none_in_use(runs.is_in_use, patience);
 }
 

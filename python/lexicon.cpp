@@ -253,12 +253,14 @@ void bind_lexicon(py::module_& module) {
     py::class_<EntryIterator>(module, "EntryIterator", "Goes on with what is added meanwhile.")
         .def("__iter__", [](EntryIterator& self) -> EntryIterator& { return self; })
         .def("__next__", [](EntryIterator& self) {
+            const std::size_t number = self.next++; // before another thread comes
             const LexicalEntry* const entry = reading(*self.owner, [&](const Lexicon& lexicon) {
-                return self.next < lexicon.size() ? lexicon.entries()[self.next] : nullptr;
+                return number < lexicon.size() ? lexicon.entries()[number] : nullptr;
             });
-            if (!entry)
+            if (!entry) {
+                --self.next;
                 throw py::stop_iteration();
-            ++self.next;
+            }
             return Entry{self.owner, entry};
         });
     const auto entries = [](const SharedLexicon& self) { return EntryIterator{self.shared_from_this()}; };

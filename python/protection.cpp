@@ -36,7 +36,8 @@ void shorten_error() {
     if (begin < 0 || length - begin <= max_length)
         return error.restore();
     const auto kept = py::reinterpret_steal<py::object>(PyUnicode_Substring(message.ptr(), 0, begin + max_length));
-    PyErr_Format(PyExc_TypeError, "%U...", kept.ptr());
+    if (kept)
+        PyErr_Format(PyExc_TypeError, "%U...", kept.ptr());
 }
 
 /// Names of arguments that are not UTF-8, and lack of memory, make pybind11 throw where nobody would catch it.
@@ -67,7 +68,9 @@ PyObject* call_method(PyObject* self, PyObject* arguments, PyObject* keywords) {
 /// object goes.
 PyObject* call_init(PyObject* self, PyObject* arguments, PyObject* keywords) {
     static auto* const at_work = new std::unordered_set<PyObject*>(); // with Python's lock only
-    PyObject* const object = PyTuple_GET_SIZE(arguments) > 0 ? PyTuple_GET_ITEM(arguments, 0) : nullptr;
+    if (PyTuple_GET_SIZE(arguments) == 0)
+        return call_method(self, arguments, keywords);
+    PyObject* const object = PyTuple_GET_ITEM(arguments, 0);
     PyObject* result = nullptr;
     try {
         if (at_work->insert(object).second) {

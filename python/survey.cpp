@@ -89,14 +89,16 @@ py::dict survey(const py::object& inputs, const py::object& skip, bool hidden) {
     const DocumentsSurvey found = run_in_background(run, [] {});
     warn(messages);
     const SurveyResult& result = found.result;
-    const SurveyAdvice advice = advise(result);
+    const std::vector<WayToConvert> ways = ways_to_convert(found, task);
+    SurveyAdvice advice = advise(result);
+    if (!advice.obstacle.empty() && !ways.empty()) // of some documents that are rare among others
+        advice = ways.front().advice;
     return py::dict("tokens"_a = result.tokens, "documents"_a = found.documents, "faults"_a = found.faults,
                     "token_elements"_a = list_of(result.token_elements, token_element_of),
                     "enclosing"_a = list_of(result.enclosing, enclosing_of),
                     "end_marks"_a = list_of(result.end_marks, end_mark_of), "options"_a = options_of(advice, task),
                     "columns"_a = columns_of(advice), "needs_lexicon"_a = advice.has_lexicon_json,
-                    "ways"_a =
-                        list_of(ways_to_convert(found, task), [&](const auto& way) { return way_of(way, task); }),
+                    "ways"_a = list_of(ways, [&](const auto& way) { return way_of(way, task); }),
                     "obstacle"_a = str_of(advice.obstacle), "messages"_a = list_of(messages, str_of));
 }
 

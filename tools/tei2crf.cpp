@@ -97,7 +97,7 @@ int survey(const Tei2crfOptions& options) {
     OutputFile out("");
     out.write(survey_text(found, task));
     out.commit();
-    return found.faults > 0 || !advise(found.result).obstacle.empty() ? 1 : 0;
+    return found.faults > 0 || ways_to_convert(found, task).empty() ? 1 : 0;
 }
 
 } // namespace

@@ -33,6 +33,7 @@ void DocumentStatistics::begin_document(ConversionSink& sink) {
 void DocumentStatistics::add_otherwise(std::string_view tag, bool is_certain) {
     if (!std::exchange(m_has_begun, true))
         m_begin = m_place();
+    m_is_certain = is_certain;
     if (is_certain) {
         if (std::exchange(m_is_deferred, false))
             add_lines(1);
@@ -108,7 +109,11 @@ DocumentStatistics::next(std::size_t& at) const {
 }
 
 void DocumentStatistics::leave_out(ConversionReport::Count reason, std::string_view text) {
-    if (count(reason, text, 1, m_place))
+    if (!count(reason, text, 1, m_place))
+        return;
+    if (m_is_certain)
+        send(); // tags of the sentence have gone already
+    else
         send_without_sentence();
 }
 
@@ -158,6 +163,7 @@ void DocumentStatistics::end_sentence() {
         m_forgotten = {};
     m_has_begun = false;
     m_is_deferred = false;
+    m_is_certain = false;
 }
 
 void DocumentStatistics::end_document() {

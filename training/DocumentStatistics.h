@@ -91,6 +91,7 @@ private:
     XmlPlace m_begin; ///< of the sentence
     bool m_has_begun = false;
     bool m_is_deferred = false;     ///< the lines of the sentence are not counted yet
+    bool m_is_certain = false;      ///< and stay, since the last token
     std::vector<char> m_remembered; ///< of the sentence: what is before each text, and its bytes; then what is free
     std::size_t m_remembered_end = 0;
     std::uint64_t m_forgotten_from = NONE_FORGOTTEN;

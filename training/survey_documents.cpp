@@ -68,8 +68,8 @@ std::vector<WayToConvert> ways_to_convert(const DocumentsSurvey& found, const Su
             if (advice.obstacle.empty())
                 ways.push_back({std::move(advice), inputs, documents});
     };
-    if (found.kinds.size() < 2)
-        add(found.result, task.inputs, found.kinds.empty() ? found.documents : found.kinds[0].documents.size());
+    if (found.kinds.size() == 1 && advise(found.result).obstacle.empty())
+        add(found.result, task.inputs, found.kinds[0].documents.size());
     else
         for (const DocumentKind& kind : found.kinds)
             add(kind.result, inputs_of(kind, found.kinds, task.inputs), kind.documents.size());

@@ -119,7 +119,7 @@ std::vector<std::string> inputs_of(const DocumentKind& kind, const std::vector<D
                 for_each_folder(document, folders, [&](const std::string& folder) { mixed.insert(folder); });
     std::vector<std::string> shortest;
     for (const std::string& document : kind.documents) {
-        std::string chosen;
+        std::string chosen = folders.contains(document) ? document : ""; // which its folder might not find
         for_each_folder(document, folders, [&](const std::string& folder) {
             if (chosen.empty() && !mixed.contains(folder))
                 chosen = folder;
