@@ -74,7 +74,7 @@ std::vector<ConversionReport::Count> ConversionReport::reasons() const {
     return reasons;
 }
 
-std::uint64_t ConversionReport::left_out() const {
+std::uint64_t ConversionReport::with_reason() const {
     std::uint64_t sum = 0;
     for (const Count reason : reasons())
         sum += counts[reason];

@@ -51,7 +51,9 @@ struct ConversionReport {
 
     /// For which tokens were left out, or written without what they lack, the most frequent first.
     std::vector<Count> reasons() const;
-    std::uint64_t left_out() const; ///< tokens, for whatever reason
+    std::uint64_t with_reason() const; ///< tokens, left out or written all the same
+    std::uint64_t left_out() const { return with_reason() - counts[TOKENS_LACKING]; }
+    std::uint64_t tokens() const { return counts[TOKENS_WRITTEN] + left_out(); }
     /// Whether tokens with this reason are written all the same, by this format.
     bool is_written(Count reason) const;
 

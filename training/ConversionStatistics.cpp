@@ -15,7 +15,7 @@ static_assert(ConversionReport::COUNTS <= FrequentTexts::KINDS);
 /// What failed is worse than whatever was left out.
 bool is_worse(const ConversionStatistics::Document& one, const ConversionStatistics::Document& other) {
     const auto weight = [](const ConversionReport& report) {
-        return std::pair(report[ConversionReport::FILES_FAILED], report.left_out());
+        return std::pair(report[ConversionReport::FILES_FAILED], report.with_reason());
     };
     return weight(one.report) > weight(other.report);
 }
@@ -33,7 +33,7 @@ void ConversionStatistics::add(const StatisticsPart& part, std::uint32_t documen
 }
 
 void ConversionStatistics::end_document(std::uint32_t document, const ConversionReport& report) {
-    if (report.left_out() == 0 && report[ConversionReport::FILES_FAILED] == 0)
+    if (report.with_reason() == 0 && report[ConversionReport::FILES_FAILED] == 0)
         return;
     ++m_documents_with_losses;
     const Document entry{document, report};

@@ -40,7 +40,7 @@ class Search {
 public:
     explicit Search(const ReportContents& contents)
         : m_contents(contents), m_report(contents.report), m_written(m_report[ConversionReport::TOKENS_WRITTEN]),
-          m_tokens(m_written + m_report.left_out() - m_report[ConversionReport::TOKENS_LACKING]) {}
+          m_tokens(m_report.tokens()) {}
 
     ReportFindings run() {
         if (m_report[ConversionReport::FILES_READ] + m_report[ConversionReport::FILES_FAILED] == 0)
@@ -86,7 +86,7 @@ void Search::find_failed_files() {
 }
 
 void Search::find_tokens_left_out() {
-    m_is_bad = m_is_bad || share(m_report.left_out(), m_tokens) >= TOO_MUCH;
+    m_is_bad = m_is_bad || share(m_report.with_reason(), m_tokens) >= TOO_MUCH;
     for (const Count reason : m_report.reasons())
         if (share(m_report[reason], m_tokens) >= MUCH || m_written == 0)
             mend(count_of(m_report[reason], "token", "tokens") + ", " + percent(m_report[reason], m_tokens) +

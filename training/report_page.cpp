@@ -130,8 +130,7 @@ class Page {
 public:
     explicit Page(const ReportContents& contents)
         : m_contents(contents), m_report(contents.report), m_reasons(m_report.reasons()),
-          m_written(m_report[ConversionReport::TOKENS_WRITTEN]),
-          m_tokens(m_written + m_report.left_out() - m_report[ConversionReport::TOKENS_LACKING]) {}
+          m_written(m_report[ConversionReport::TOKENS_WRITTEN]), m_tokens(m_report.tokens()) {}
 
     std::string text() {
         add_head();
@@ -278,12 +277,12 @@ void Page::add_documents() {
         return;
     }
     m_text += "<p class=\"soft\">" + shown_count(all) + (all == 1 ? " document has" : " documents have") +
-              " faults or tokens that were left out" +
+              " faults, or tokens that were left out or lack something" +
               (all > worst.size() ? ", the worst " + std::to_string(worst.size()) : std::string()) +
               ":</p>\n<table>\n<tr><th>Document</th><th class=\"number\">Written</th><th class=\"number\">Left out</th>"
               "<th class=\"chart\"></th></tr>\n";
     for (const auto& document : worst)
-        add_document(document, worst.front().report.left_out());
+        add_document(document, worst.front().report.with_reason());
     m_text += "</table>\n";
 }
 
