@@ -20,7 +20,7 @@ std::string fault_of(const std::string& line, std::size_t number) {
     if (const char* const reason = number == 1 ? why_not_utf8_text(line) : nullptr)
         return std::string("the file ") + reason;
     if (!is_valid_utf8(line))
-        return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
+        return NOT_UTF8;
     if (line.ends_with('\r'))
         return "a carriage return at the end would belong to the rule; remove it, for instance with sed 's/\\r$//'";
     if (line.starts_with('<'))
@@ -43,8 +43,8 @@ public:
         require_readable(path.name);
         without_lock([&](Unlocked&) {
             std::string text = read_file(path.name);
-            if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark))
-                text.erase(0, mark.size());
+            if (text.starts_with(BYTE_ORDER_MARK))
+                text.erase(0, BYTE_ORDER_MARK.size());
             std::istringstream checked(text), parsed(text);
             check_lines(checked, path.name);
             parse_rules(parsed, m_rules);

@@ -21,7 +21,6 @@ namespace zelvor {
 
 namespace {
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::size_t LEMMA_POS = 6, WORD_FORM_ID = 7, POS = 17, REQUIRED = 22;
 constexpr std::size_t CATEGORIES[] = {9, 10, 13, 14, 15, 16, 18, 19, 20, 21}; // by Category
 constexpr std::size_t MAX_REMEMBERED = 65536;

@@ -2,6 +2,7 @@
 
 #include "training/ColumnLines.h"
 #include "training/normal_form.h"
+#include "utils/common_utils/encoding.h"
 #include "utils/common_utils/utf8.h"
 
 #include <cerrno>
@@ -13,8 +14,6 @@
 namespace zelvor {
 
 namespace {
-
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 /// A reason why it is no line of a map, or nothing.
 const char* add_line(std::map<std::string, std::string, std::less<>>& tags, std::string_view line, bool nfc) {

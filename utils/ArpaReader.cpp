@@ -1,5 +1,6 @@
 #include "utils/ArpaReader.h"
 
+#include "utils/common_utils/encoding.h"
 #include "utils/common_utils/text.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ namespace {
 
 constexpr std::size_t MAX_ORDER = 1000;
 constexpr float MAX_ROUNDED = 1e-4F; // what rounding may make of the logarithm of nearly 1
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 constexpr std::string_view CAPITAL_UNKNOWN = "<UNK>";
 
 // A finite number; "-inf", as some toolkits write a probability of 0, is -99.

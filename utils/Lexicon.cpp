@@ -41,7 +41,7 @@ std::size_t analysis_hash(const LexicalEntry& entry) {
 /// Empty for a line that can be read.
 std::string fault_of(std::string_view line) {
     if (!is_valid_utf8(line))
-        return "not in UTF-8; convert the file, for instance with iconv -f ISO-8859-1 -t UTF-8";
+        return NOT_UTF8;
     if (const std::size_t fields = split_fields(line, "#").size(); fields < REQUIRED_FIELDS)
         return std::to_string(fields) + " of the " + std::to_string(REQUIRED_FIELDS) +
                " fields that a line must have: " + excerpt(line);
@@ -61,8 +61,8 @@ const char* why_not_written(std::string_view line) {
 std::vector<std::string_view> entry_lines(std::string_view text, const std::string& filename,
                                           const Lexicon::BadLine& on_bad_line) {
     std::vector<std::string_view> lines;
-    if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark)) // as some editors put it in front
-        text.remove_prefix(mark.size());
+    if (text.starts_with(BYTE_ORDER_MARK))
+        text.remove_prefix(BYTE_ORDER_MARK.size());
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = text.substr(0, end);
